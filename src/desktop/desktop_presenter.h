@@ -1,0 +1,59 @@
+// Shows panels as windows. The only class that knows both worlds: it makes a window for each panel that opens
+// and keeps them in the order in which they opened.
+#pragma once
+
+#include <QMessageBox>
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "desktop/input_gate.h"
+#include "desktop/nested_waits.h"
+#include "desktop/panel_window.h"
+#include "host/dialog/presenter.h"
+
+namespace zwt {
+
+class DesktopPresenter : public Presenter {
+ public:
+  /// mainWindow is the parent of panels that have none of their own; may be null. Panels and messages that
+  /// are asked for while waits is cancelling are answered as cancelled, unseen.
+  DesktopPresenter(QWidget* mainWindow, NestedWaits& waits);
+  DesktopPresenter(const DesktopPresenter&) = delete;
+  DesktopPresenter& operator=(const DesktopPresenter&) = delete;
+  ~DesktopPresenter() override;
+
+  void RunModal(CDialog& panel) override;
+  void ShowModeless(CDialog& panel) override;
+  void CloseModeless(CDialog& panel) override;
+  void ShowMessage(CDialog* owner, const CString& text, const CString& caption, MessageIcon icon) override;
+  void GiveWayToDrawing(CDialog& panel) override;
+  void ReturnFromDrawing(CDialog& panel) override;
+
+  /// The panel that opened last, null for none.
+  PanelWindow* Innermost() const { return open_.empty() ? nullptr : open_.back(); }
+
+  /// Called when the user could begin to work in a panel, see a progress panel, or answer a message.
+  std::function<void(PanelWindow&)> onPanelShown;
+  std::function<void(PanelWindow&)> onProgressShown;
+  std::function<void(QMessageBox&)> onMessageShown;
+  /// Called when a panel gives way to the drawing (true) and when it comes back (false).
+  std::function<void(bool)> onDrawingWanted;
+
+ private:
+  struct Progress {
+    CDialog* panel;
+    std::unique_ptr<PanelWindow> window;
+    std::unique_ptr<InputGate> gate;
+  };
+
+  QWidget* ParentFor(const CDialog* owner) const;
+  PanelWindow* WindowOf(const CDialog* panel) const;
+
+  QWidget* mainWindow_;
+  NestedWaits& waits_;
+  std::vector<PanelWindow*> open_;
+  std::vector<Progress> progress_;
+};
+
+}  // namespace zwt

@@ -1,0 +1,18 @@
+// Nominal diameter and velocity for a flow, out of two size tables that are fixed in the program. The
+// calculation of a drawn system takes its sizes from the data file instead.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "supply/velocity_choice.h"
+
+namespace zwt {
+
+enum class InletMaterial : std::int32_t { Metal, Plastic };
+
+/// Nominal diameter (mm) and velocity (m/s) for a flow in L/s. Nothing where no size fits: the panel then
+/// keeps what it shows.
+std::optional<SizedVelocity> ChooseInletDiameter(InletMaterial material, double flow);
+
+}  // namespace zwt
