@@ -9,6 +9,7 @@ void AddVerbs(CLI::App& program, const Streams& streams) {
   AddCommandsVerb(program, streams);
   AddPanelVerb(program, streams);
   AddNewVerb(program, streams);
+  AddPipesVerb(program, streams);
 }
 
 }  // namespace zwt

@@ -38,6 +38,7 @@ void AddRunVerb(CLI::App& program, const Streams& streams);
 void AddCommandsVerb(CLI::App& program, const Streams& streams);
 void AddPanelVerb(CLI::App& program, const Streams& streams);
 void AddNewVerb(CLI::App& program, const Streams& streams);
+void AddPipesVerb(CLI::App& program, const Streams& streams);
 void AddCalcVerb(CLI::App& program, const Streams& streams);
 
 }  // namespace zwt

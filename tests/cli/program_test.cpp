@@ -1,11 +1,10 @@
 // The program as its users call it: verbs, arguments, exit status, and where each thing is written.
 #include "cli/program.h"
 
-#include <sstream>
-
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
+#include "cli/program_call.h"
 #include "host/runtime/command_stack.h"
 #include "host/runtime/loaded_module.h"
 #include "support/child_process.h"
@@ -15,30 +14,12 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-struct Outcome {
-  int status;
-  std::string output;
-  std::string errors;
-};
-
-Outcome Call(const std::vector<std::string>& arguments, const std::string& input = "") {
-  std::istringstream in(input);
-  std::ostringstream out;
-  std::ostringstream err;
-  const int status = RunProgram(arguments, {in, out, err});
-  return {status, out.str(), err.str()};
-}
-
-/// The error line of a call that has to fail.
-std::string Failure(const std::vector<std::string>& arguments, const std::string& input = "") {
-  const Outcome outcome = Call(arguments, input);
-  EXPECT_EQ(outcome.status, 2);
-  EXPECT_EQ(outcome.output, "");
-  return outcome.errors;
-}
+using test::Call;
+using test::Failure;
+using test::Outcome;
 
 TEST(Program, HelpAndVersionAreNoErrors) {
-  for (const char* verb : {"", "run", "calc", "commands", "panel"}) {
+  for (const char* verb : {"", "run", "calc", "commands", "panel", "pipes"}) {
     for (const char* option : {"--help", "--version"}) {
       const std::vector<std::string> arguments =
           *verb == '\0' ? std::vector<std::string>{option} : std::vector<std::string>{verb, option};

@@ -1,0 +1,88 @@
+// zwtcal pipes: the table, the JSON, and drawings that cannot be read.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include "cli/program_call.h"
+#include "host/drawing/drawing.h"
+#include "host/dxf/dxf_file.h"
+#include "support/child_process.h"
+
+namespace zwt::test {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+/// A drawing in a file, for as long as it lives.
+class DrawingFile {
+ public:
+  explicit DrawingFile(Drawing& drawing) { SaveDrawing(drawing, folder_.Path() / "drawing.dxf"); }
+  std::string Path() const { return (folder_.Path() / "drawing.dxf").string(); }
+
+ private:
+  TemporaryFolder folder_;
+};
+
+/// A riser with one branch, and a pipe of another system far away.
+std::string ThreePipes() {
+  Drawing drawing;
+  drawing.AddPipe(
+      {0, 0, 0}, {0, 3000, 0},
+      {{L"WtSystem", L"给水"}, {L"ELS_TYPE", L"入口立管"}, {L"Material", L"镀锌钢管"}, {L"Diameter", L"32"}});
+  drawing.AddPipe({0, 1500, 0}, {1000, 2000.25, 0},
+                  {{L"WtSystem", L"给水"},
+                   {L"ELS_TYPE", L"支管"},
+                   {L"Material", L"PP-R管(S5)"},
+                   {L"Equivalent", L"4"},
+                   {L"Note", L"二层 \"东\""}});
+  drawing.AddPipe({9000, 0, 0}, {9000.5, 0, 0}, {{L"Kind", L"1"}});
+  return DrawingBytes(drawing);
+}
+
+class PipesVerb : public testing::Test {
+ protected:
+  PipesVerb() : drawing_(ParseDrawing(ThreePipes())), file_(*drawing_) {}
+  std::unique_ptr<Drawing> drawing_;
+  DrawingFile file_;
+};
+
+TEST_F(PipesVerb, PrintsAnAlignedTable) {
+  EXPECT_EQ(Call({"pipes", file_.Path()}).output,
+            "句柄  系统  类型      管材        管径  长度    属性                         连接\n"
+            "40    给水  入口立管  镀锌钢管    32    3000                                 42\n"
+            "42    给水  支管      PP-R管(S5)        1118.1  Equivalent=4 Note=二层 \"东\"  40\n"
+            "43                                      0.5\n");
+}
+
+TEST_F(PipesVerb, PrintsJsonForPrograms) {
+  const Json pipes = Json::parse(Call({"pipes", file_.Path(), "--json"}).output)["pipes"];
+  ASSERT_EQ(pipes.size(), 3U);
+  EXPECT_EQ(pipes[0], Json::parse(R"({"handle": "40", "system": "给水", "role": "入口立管",
+              "material": "镀锌钢管", "diameter": 32, "kind": 0, "length": 3000,
+              "start": [0, 0, 0], "end": [0, 3000, 0], "attributes": {}, "connected": ["42"]})"));
+  EXPECT_EQ(pipes[1]["attributes"], Json::parse(R"({"Equivalent": "4", "Note": "二层 \"东\""})"));
+  EXPECT_NEAR(pipes[1]["length"].get<double>(), 1118.146, 0.001);
+  EXPECT_EQ(pipes[2], Json::parse(R"({"handle": "43", "system": "", "role": "", "material": "",
+              "diameter": 0, "kind": 1, "length": 0.5, "start": [9000, 0, 0], "end": [9000.5, 0, 0],
+              "attributes": {}, "connected": []})"));
+}
+
+TEST_F(PipesVerb, ADrawingWithoutPipesIsATableWithoutRows) {
+  Drawing empty;
+  const DrawingFile file(empty);
+  EXPECT_EQ(Call({"pipes", file.Path()}).output, "句柄  系统  类型  管材  管径  长度  属性  连接\n");
+  EXPECT_EQ(Call({"pipes", file.Path(), "--json"}).output, "{\"pipes\": []}\n");
+}
+
+TEST_F(PipesVerb, ADrawingThatCannotBeReadIsOneLine) {
+  EXPECT_EQ(Failure({"pipes"}), "DRAWING is required\n");
+  EXPECT_THAT(Failure({"pipes", "/no/such.dxf"}), testing::StartsWith("cannot read /no/such.dxf"));
+  const TemporaryFolder folder;
+  const std::string broken = (folder.Path() / "broken.dxf").string();
+  WriteBytes(broken, "0\nSECTION\n2\nENTITIES\n");
+  EXPECT_EQ(Failure({"pipes", broken}),
+            broken + ": line 5: expected group 0 \"EOF\", found the end of the file\n");
+}
+
+}  // namespace
+}  // namespace zwt::test
