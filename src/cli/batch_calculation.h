@@ -1,6 +1,7 @@
 // A calculation for people: values go into the panel that a command opens, its calculating buttons are
-// pressed in order, and what stands in its result controls comes out. What stops the calculation is an error
-// here, since nobody is there to look at the panel.
+// pressed in order, and what stands in its result controls comes out. A panel that such a button opens is
+// worked in the same way. What stops the calculation is an error here, since nobody is there to look at the
+// panel; a field that keeps only a part of the results away is a note.
 #pragma once
 
 #include <string>
@@ -23,19 +24,21 @@ struct BatchResult {
   std::string table;
   /// {"panel", "title", "results": [{"control", "label", and the state}]} as text.
   std::string json;
-  /// Messages without a stop sign.
-  std::vector<CString> notes;
+  /// Messages without a stop sign, and fields that kept a part of the results away.
+  std::vector<std::string> notes;
 };
 
 class BatchCalculation : public Presenter, private PanelListener {
  public:
-  explicit BatchCalculation(const BatchRequest& request) : request_(request) {}
+  explicit BatchCalculation(const BatchRequest& request)
+      : request_(request), open_(request.values.size(), true) {}
 
   bool HasRun() const { return hasRun_; }
   const BatchResult& Result() const { return result_; }
 
-  /// Calculates in the first panel; others are closed by their close box. Throws ArgumentError for a value
-  /// that the panel does not take, and where the panel refuses a field or stops with a message.
+  /// Calculates in the first panel and in those that its calculating buttons open; others are closed by their
+  /// close box. A value goes into the first panel that has its control. Throws ArgumentError for a value that
+  /// no panel takes, and where a panel refuses a field or stops with a message.
   void RunModal(CDialog& panel) override;
   void ShowModeless(CDialog&) override {}
   void CloseModeless(CDialog&) override {}
@@ -44,19 +47,35 @@ class BatchCalculation : public Presenter, private PanelListener {
   void ReturnFromDrawing(CDialog&) override {}
 
  private:
+  /// What a panel answers to a button.
+  struct Answer {
+    CString stopped;                    // the message with a stop sign
+    std::vector<std::string> messages;  // the others
+    std::vector<const CWnd*> refused;   // the fields to which the program moved the focus, in order
+  };
+
   void Calculate(CDialog& panel);
+  void SetValues(CDialog& panel);
+  /// Throws ArgumentError for the first value that no panel has taken.
+  void RequireAllTaken() const;
+  void PressAll(CDialog& panel);
   void Press(CDialog& panel, int button);
+  Answer Click(CDialog& panel, int button);
+  void Confirm(CDialog& panel);
   void Annotate(CDialog& panel);
+  void Collect(const CDialog& panel, const std::vector<const CWnd*>& controls);
 
   void OnControlChanged(CWnd&, ControlAspect) override {}
   void OnFocusMoved(CWnd& control, bool selected) override;
   void OnEnded() override {}
 
   BatchRequest request_;
+  std::vector<bool> open_;  // by value: no panel has taken it yet
+  std::string missing_;     // why the first open value was not taken
   BatchResult result_;
   bool hasRun_ = false;
-  CString stopped_;                // the message with a stop sign
-  const CWnd* refused_ = nullptr;  // the field to which the program moved the focus
+  bool pressing_ = false;  // a calculating button is being handled
+  Answer answer_;
 };
 
 }  // namespace zwt

@@ -97,7 +97,7 @@ void Calculate(const CalcOptions& options, const Streams& streams) {
     throw ArgumentError(options.command + ": no panel has opened: " + LastPrinted(user.last));
   if (!options.save.empty()) session.Save({options.save, "--save"});
   const BatchResult& result = calculation.Result();
-  for (const CString& note : result.notes) streams.errors << Utf8FromWide(note) << '\n';
+  for (const std::string& note : result.notes) streams.errors << note << '\n';
   streams.output << (options.asJson ? result.json : result.table);
 }
 

@@ -59,6 +59,12 @@ CString OnOneLine(CString text) {
   return text;
 }
 
+/// Whether nothing stands behind the first cell, so that it may run across the other columns.
+bool StandsAlone(const std::vector<CString>& row) {
+  return std::all_of(row.begin() + (row.empty() ? 0 : 1), row.end(),
+                     [](const CString& cell) { return cell.empty(); });
+}
+
 }  // namespace
 
 std::size_t DisplayWidth(std::wstring_view text) {
@@ -74,6 +80,7 @@ std::string TextTable(const std::vector<std::vector<CString>>& rows) {
   std::vector<std::size_t> widths;
   for (const auto& row : rows) {
     if (row.size() > widths.size()) widths.resize(row.size());
+    if (StandsAlone(row)) continue;
     for (std::size_t i = 0; i < row.size(); ++i)
       widths[i] = std::max(widths[i], DisplayWidth(OnOneLine(row[i])));
   }
@@ -82,7 +89,8 @@ std::string TextTable(const std::vector<std::vector<CString>>& rows) {
     CString line;
     for (std::size_t i = 0; i < row.size(); ++i) {
       const CString cell = OnOneLine(row[i]);
-      line += cell + CString(widths[i] - DisplayWidth(cell) + 2, L' ');
+      const std::size_t width = DisplayWidth(cell);
+      line += cell + CString(std::max(widths[i], width) - width + 2, L' ');
     }
     line.erase(line.find_last_not_of(L' ') + 1);
     text += Utf8FromWide(line) + '\n';

@@ -16,7 +16,7 @@ std::size_t DisplayWidth(std::wstring_view text);
 
 /// Rows of texts, in UTF-8, each line ended by a line feed; columns are two blanks apart, and no blanks stand
 /// at the end of a line. Line feeds and tabs inside a text become blanks. A row may be shorter than the
-/// others.
+/// others; one with its first cell alone runs across the columns and does not widen them.
 std::string TextTable(const std::vector<std::vector<CString>>& rows);
 
 }  // namespace zwt

@@ -71,30 +71,6 @@ TEST(Program, APanelThatACommandDoesNotOpenIsListedByItsNumber) {
   EXPECT_EQ(Failure({"panel", "1999"}), "COMMAND: no panel belongs to \"1999\"\n");
 }
 
-TEST(Program, CalcPrintsTheResultsAsATable) {
-  EXPECT_EQ(Call({"calc", "ZWTGRGS", "quota=200", "users=100", "hourlyFactor=2.5", "hours=24"}).output,
-            "最高日用水量(立方米)：  22.000\n"
-            "最高时用水量(立方米)：  2.521\n");
-}
-
-TEST(Program, CalcPrintsJsonForPrograms) {
-  const Json result =
-      Json::parse(Call({"calc", "ZWTGRGS", "quota=200", "users=100", "2004=0", "--json"}).output);
-  EXPECT_EQ(result["panel"], 2000);
-  EXPECT_EQ(result["results"][0]["control"], "2005");
-  EXPECT_EQ(result["results"][0]["text"], "20.000");
-  EXPECT_EQ(result["results"][1]["text"], "0.000");
-}
-
-TEST(Program, CalcSaysWhatItDoesNotTake) {
-  EXPECT_EQ(Failure({"calc", "ZWTGRGS", "quote=1"}), "quote=1: no control \"quote\" in panel 2000\n");
-  EXPECT_EQ(Failure({"calc", "ZWTGRGS", "maxDayText=1"}), "maxDayText=1: control 2005 is read-only\n");
-  EXPECT_EQ(Failure({"calc", "ZWTGRGS", "quota=viel"}), "2007 \"viel\" is not what the calculation needs\n");
-  EXPECT_EQ(Failure({"calc", "ZWTNIX"}), "COMMAND: no command \"ZWTNIX\"\n");
-  EXPECT_EQ(Failure({"calc", "ZWTGRGS", "a.dxf", "b.dxf"}).find("DRAWING"), std::string::npos);
-  EXPECT_EQ(Failure({"calc", "ZWTGRGS", "--annotate"}), "--annotate: panel 2000 annotates nothing\n");
-}
-
 constexpr const char* kScript =
     R"({"steps": [{"command": "ZWTGRGS", "panel": [{"set": {"quota": "200", "users": "100"}}, {"click": 1},
         {"read": ["maxDayText"]}]}]})";

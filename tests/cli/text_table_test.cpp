@@ -38,6 +38,13 @@ TEST(TextTable, ATextOfSeveralLinesStaysOnOne) {
             "a         y\n");
 }
 
+TEST(TextTable, ARowOfItsFirstCellAloneRunsAcrossTheColumns) {
+  EXPECT_EQ(TextTable({{L"1层", L"110"}, {L"立管设计秒流量为：2.518", L"", L""}, {L"注"}}),
+            "1层  110\n"
+            "立管设计秒流量为：2.518\n"
+            "注\n");
+}
+
 TEST(TextTable, NoRowsGiveNoText) {
   EXPECT_EQ(TextTable({}), "");
   EXPECT_EQ(TextTable({{}}), "\n");

@@ -97,7 +97,7 @@ CWnd& PanelUser::Find(const CString& wanted) const {
   }
   const std::string name = digits ? Utf8FromWide(wanted) : "\"" + Utf8FromWide(wanted) + "\"";
   const std::string panel = std::to_string(panel_.Shape().resource);
-  if (found == nullptr) throw PanelRefusal("no control " + name + " in panel " + panel);
+  if (found == nullptr) throw NoSuchControl("no control " + name + " in panel " + panel);
   if (numbers.find(',') != std::string::npos) {
     throw PanelRefusal("several controls of panel " + panel + " bear the label " + name + ": " + numbers);
   }

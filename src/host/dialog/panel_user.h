@@ -16,12 +16,18 @@ class PanelRefusal : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+/// No control of the panel has the number, name or label.
+class NoSuchControl : public PanelRefusal {
+ public:
+  using PanelRefusal::PanelRefusal;
+};
+
 class PanelUser {
  public:
   explicit PanelUser(CDialog& panel) : panel_(panel) {}
 
   /// The control that a number, a bound value's name, or a label (with or without the mark of its shortcut)
-  /// names. Throws PanelRefusal if there is none, or if several bear the label.
+  /// names. Throws NoSuchControl if there is none, PanelRefusal if several bear the label.
   CWnd& Find(const CString& control) const;
 
   /// Focus, replace the content or pick the item with that text, leave.
