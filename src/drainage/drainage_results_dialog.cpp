@@ -6,6 +6,7 @@
 #include "data/diameter_choices.h"
 #include "drainage/drainage_fixture_dialog.h"
 #include "drainage/drainage_hydraulics.h"
+#include "drainage/drainage_overlay.h"
 #include "frame/scope/push_resource.h"
 #include "host/dialog/grouped_rows.h"
 #include "host/drawing/entities.h"
@@ -105,6 +106,7 @@ void ZcUiElementsPsDialog::OnInitDialog() {
   InitGrid();
   FillGrid();
   Combo(2155).EnableWindow(network.GetVentType() == L"伸顶通气");
+  PublishFloors(0);
 }
 
 void ZcUiElementsPsDialog::DoDataExchange(CDataExchange* exchange) {
@@ -173,6 +175,18 @@ void ZcUiElementsPsDialog::Calculate() {
     zwt::SetSectionDiameter(network.edges.GetCurData().riserId, result.riserDiameter);
   }
   calculated_ = true;
+  PublishFloors(result.riserDiameter);
+}
+
+void ZcUiElementsPsDialog::PublishFloors(std::int32_t riserDiameter) {
+  if (!zwt::IsOverlayWatched()) return;
+  const CGridCtrl& grid = Grid(2012);
+  std::vector<zwt::ShownDrainageBranch> shown;
+  for (int row = 1; row < grid.GetRowCount(); ++row) {
+    shown.push_back({.velocity = grid.GetItemText(row, zwt::kVelocity),
+                     .diameter = grid.GetItemText(row, zwt::kDiameter)});
+  }
+  zwt::PublishOverlay(zwt::DescribeDrainage(network, shown, riserDiameter, 2012));
 }
 
 void ZcUiElementsPsDialog::EditBranchData() {

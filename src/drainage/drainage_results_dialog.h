@@ -28,6 +28,8 @@ class ZcUiElementsPsDialog : public ZcUiDialog {
   void InitGrid();
   void FillGrid();
   void Calculate();
+  /// What the rows show, for the eye; 0 where the stack has no diameter yet.
+  void PublishFloors(std::int32_t riserDiameter);
   void EditBranchData();
   void ViewDrawing();
 

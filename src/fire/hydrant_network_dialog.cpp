@@ -2,11 +2,13 @@
 #include "fire/hydrant_network_dialog.h"
 
 #include <memory>
+#include <utility>
 
 #include "fire/calculating_dialog.h"
 #include "fire/hydrant_calculation.h"
 #include "fire/hydrant_demand_dialog.h"
 #include "fire/hydrant_formula.h"
+#include "fire/hydrant_overlay.h"
 #include "frame/scope/push_resource.h"
 #include "host/dialog/grouped_rows.h"
 #include "host/drawing/entities.h"
@@ -166,6 +168,8 @@ constexpr ControlTemplate kNetworkControls[] = {
     {.id = 2, .label = L"退出", .kind = ControlKind::kButton, .place = Placement::kButtonRow},
 };
 
+constexpr HydrantTables kResultTables = {.sections = kSectionTable, .nodes = kNodeTable};
+
 constexpr int kNetworkButtons[] = {kJetButton, kCalculateButton};
 constexpr int kNetworkResults[] = {kSectionTable, kNodeTable};
 
@@ -225,6 +229,7 @@ void ZcUiHydrantElementDialog::OnInitDialog() {
   ZcUiDialog::OnInitDialog();
   BuildSectionTable();
   BuildNodeTable();
+  if (zwt::IsOverlayWatched()) zwt::PublishOverlay(zwt::DescribeHydrants(model, zwt::kResultTables, false));
 }
 
 void ZcUiHydrantElementDialog::DoDataExchange(CDataExchange* exchange) {
@@ -300,9 +305,20 @@ void ZcUiHydrantElementDialog::Calculate() {
   zwt::HydrantCalcEvents events;
   events.solvingStarts = [&] { progress = std::make_unique<ZcUiCalingDialog>(this); };
   events.solvingEnds = [&] { progress.reset(); };
+  zwt::PassHistory history;
+  if (zwt::IsOverlayWatched()) events.passDone = [&](const zwt::LoopedPass& pass) { history.Add(pass); };
   const zwt::HydrantCalcResult result = zwt::CalculateHydrantNetwork(input_, model, events);
   for (const CString& message : result.messages) MessageBoxW(message, zwt::kHydrantMessageTitle, MB_ICONSTOP);
-  if (result.isSolved) ShowResults();
+  if (!result.isSolved) return;
+  ShowResults();
+  if (zwt::IsOverlayWatched()) PublishResults(result.passes, history);
+}
+
+void ZcUiHydrantElementDialog::PublishResults(const zwt::LoopedResult& passes,
+                                              const zwt::PassHistory& history) {
+  zwt::Overlay overlay = zwt::DescribeHydrants(model, zwt::kResultTables, true);
+  history.Describe(passes, model, overlay);
+  zwt::PublishOverlay(std::move(overlay));
 }
 
 void ZcUiHydrantElementDialog::ShowResults() {

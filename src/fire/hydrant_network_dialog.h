@@ -4,6 +4,7 @@
 
 #include "fire/hydrant_formula.h"
 #include "fire/hydrant_network_model.h"
+#include "fire/hydrant_overlay.h"
 #include "host/dialog/dialog.h"
 
 namespace zwt {
@@ -36,6 +37,7 @@ class ZcUiHydrantElementDialog : public ZcUiDialog {
   void ComputeJetFlow();
   void Calculate();
   void ShowResults();
+  void PublishResults(const zwt::LoopedResult& passes, const zwt::PassHistory& history);
   void ViewDrawing();
   void WriteBackDiameters();
   void WriteHydrantReport();

@@ -49,6 +49,19 @@ void BuildRiserData(ZcDList<ZwtVPipeData>& risers, AcDbObjectId entryPipe);
 /// the line, quota, factor and hours of the section's own branch.
 SupplySectionInput SectionInput(const ZwtVPipeData& riser, std::int32_t position);
 
+/// Calls act(edge, riser index, position, riser line) for each section, riser by riser from its entry.
+template <typename Action>
+void ForEachSection(ZcDList<ZwtVPipeData>& risers, Action act) {
+  std::int32_t riserIndex = 0;
+  for (risers.MoveToFirst(); !risers.IsOut(); risers.MoveToNext(), ++riserIndex) {
+    ZwtVPipeData& riser = risers.GetCurData();
+    std::int32_t position = 0;
+    for (riser.MoveToFirst(); !riser.IsOut(); riser.MoveToNext(), ++position) {
+      act(riser.GetCurData(), riserIndex, position, riser);
+    }
+  }
+}
+
 /// The name of a section for the user, "2#-3层" for riser 1 and position 2, both counted from 0.
 CString FormatSectionLabel(std::int32_t riser, std::int32_t position);
 

@@ -13,6 +13,7 @@
 #include "output/pipe_write_back.h"
 #include "supply/branch_data_dialog.h"
 #include "supply/supply_hydraulics.h"
+#include "supply/supply_overlay.h"
 #include "supply/velocity_choice.h"
 
 namespace zwt {
@@ -67,19 +68,6 @@ constexpr ControlTemplate kResultControls[] = {
 constexpr int kResultButtons[] = {2148};
 constexpr int kResults[] = {2012};
 
-/// Calls act(edge, riser index, position, riser line) for each section in the order of the rows.
-template <typename Action>
-void ForEachSection(ZcDList<ZwtVPipeData>& risers, Action act) {
-  std::int32_t riserIndex = 0;
-  for (risers.MoveToFirst(); !risers.IsOut(); risers.MoveToNext(), ++riserIndex) {
-    ZwtVPipeData& riser = risers.GetCurData();
-    std::int32_t position = 0;
-    for (riser.MoveToFirst(); !riser.IsOut(); riser.MoveToNext(), ++position) {
-      act(riser.GetCurData(), riserIndex, position, riser);
-    }
-  }
-}
-
 }  // namespace
 
 constexpr PanelTemplate kSupplyResultsPanel = {.resource = 2025,
@@ -125,6 +113,7 @@ void ZcUiElementsGsDialog::OnInitDialog() {
   FillGrid();
   UpdateClassControls();
   ZwtSetComboBoxAutoWidth(Combo(2122));
+  PublishSections();
 }
 
 void ZcUiElementsGsDialog::InitGrid() {
@@ -190,6 +179,7 @@ void ZcUiElementsGsDialog::CalculateAll() {
     ++row;
   });
   grid.Refresh();
+  PublishSections();
 }
 
 /// The row moves on only past a changed one, so that recalculation stops for good at the first row left
@@ -212,6 +202,21 @@ void ZcUiElementsGsDialog::RecalculateChanged() {
     zwt::SetSectionDiameter(edge.pipeId, diameter);
   });
   grid.Refresh();
+  PublishSections();
+}
+
+void ZcUiElementsGsDialog::PublishSections() {
+  if (!zwt::IsOverlayWatched()) return;
+  const CGridCtrl& grid = Grid(2012);
+  std::vector<zwt::ShownSupplySection> shown;
+  for (int row = 1; row < grid.GetRowCount(); ++row) {
+    shown.push_back({.label = grid.GetItemText(row, zwt::kLabel),
+                     .flow = grid.GetItemText(row, zwt::kFlow),
+                     .velocity = grid.GetItemText(row, zwt::kVelocity),
+                     .headLoss = grid.GetItemText(row, zwt::kHeadLoss),
+                     .diameter = grid.GetItemText(row, zwt::kDiameter)});
+  }
+  zwt::PublishOverlay(zwt::DescribeSupply(risers, shown, 2012));
 }
 
 void ZcUiElementsGsDialog::EditSelectedSection() {

@@ -30,6 +30,8 @@ class ZcUiElementsGsDialog : public ZcUiDialog {
   void UpdateClassControls();
   void CalculateAll();
   void RecalculateChanged();
+  /// What the rows show, for the eye.
+  void PublishSections();
   void EditSelectedSection();
   void ViewDrawing();
   void AnnotateAllSections();
