@@ -130,6 +130,7 @@ Rows ListRows(const CListCtrl& list) {
   Rows rows = {std::move(titles)};
   for (int row = 0; row < list.GetItemCount(); ++row) {
     std::vector<CString> cells;
+    cells.reserve(list.Columns().size());
     for (int column = 0; column < static_cast<int>(list.Columns().size()); ++column) {
       cells.push_back(list.GetItemText(row, column));
     }

@@ -3,6 +3,7 @@
 // its template.
 #include <algorithm>
 #include <memory>
+#include <optional>
 #include <ostream>
 
 #include <CLI/CLI.hpp>
@@ -73,7 +74,7 @@ class Onlooker : public Presenter {
   ~Onlooker() override = default;
 
   void RunModal(CDialog& panel) override {
-    if (description.is_null()) description = Describe(panel);
+    if (!description.has_value()) description = Describe(panel);
     panel.NotifyClose();
   }
   void ShowModeless(CDialog&) override {}
@@ -82,14 +83,14 @@ class Onlooker : public Presenter {
   void GiveWayToDrawing(CDialog&) override {}
   void ReturnFromDrawing(CDialog&) override {}
 
-  Json description;
+  std::optional<Json> description;
 };
 
 Json DescribeCommand(const PanelTemplate& shape) {
   Onlooker onlooker;
   const PresenterInForce inForce(onlooker);
   RunCommand(shape.command);
-  return onlooker.description.is_null() ? Describe(CDialog(shape)) : onlooker.description;
+  return onlooker.description.has_value() ? *onlooker.description : Describe(CDialog(shape));
 }
 
 /// The panel of a command, or the one with a number.

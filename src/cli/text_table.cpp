@@ -70,7 +70,7 @@ bool StandsAlone(const std::vector<CString>& row) {
 std::size_t DisplayWidth(std::wstring_view text) {
   std::size_t width = 0;
   for (const wchar_t c : text) {
-    const auto code = static_cast<std::uint32_t>(c);
+    const auto code = static_cast<char32_t>(c);
     if (!IsIn(kWithoutWidth, code)) width += IsIn(kWide, code) ? 2U : 1U;
   }
   return width;

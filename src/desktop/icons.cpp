@@ -6,7 +6,6 @@
 #include <QPainter>
 #include <QPalette>
 #include <QSvgRenderer>
-#include <utility>
 
 namespace zwt {
 
@@ -14,7 +13,7 @@ namespace {
 
 class DrawingIcon : public QIconEngine {
  public:
-  DrawingIcon(const char* drawing, QColor colour) : drawing_(drawing), colour_(std::move(colour)) {}
+  DrawingIcon(const char* drawing, QColor colour) : drawing_(drawing), colour_(colour) {}
 
   void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
     const QPalette palette = QApplication::palette();
@@ -51,7 +50,7 @@ class DrawingIcon : public QIconEngine {
 }  // namespace
 
 QIcon MakeIcon(const char* drawing, QColor colour) {
-  return QIcon(new DrawingIcon(drawing, std::move(colour)));
+  return QIcon(new DrawingIcon(drawing, colour));
 }
 
 QIcon ProgramIcon() {
