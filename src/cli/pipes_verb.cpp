@@ -1,4 +1,4 @@
-// zwtcal pipes: what the model sees in a drawing, pipe by pipe.
+// zwtcal pipes: what the model sees in a drawing, pipe by pipe, and what a designer should look at in it.
 #include <cmath>
 #include <memory>
 #include <ostream>
@@ -7,8 +7,10 @@
 #include <nlohmann/json.hpp>
 
 #include "cli/json_layout.h"
+#include "cli/material_names.h"
 #include "cli/text_table.h"
 #include "cli/verbs.h"
+#include "host/check/drawing_check.h"
 #include "host/drawing/connections.h"
 #include "host/dxf/dxf_file.h"
 #include "host/platform/paths.h"
@@ -22,6 +24,8 @@ using Json = nlohmann::ordered_json;
 
 struct PipesOptions {
   std::string drawing;
+  CheckSettings settings;
+  bool check = false;
   bool asJson = false;
 };
 
@@ -88,7 +92,9 @@ std::vector<CString> TableRow(const PipeLine& line) {
   CString attributes;
   for (const auto& [key, text] : line.attributes) {
     if (!attributes.empty()) attributes += L' ';
-    attributes += key + L'=' + text;
+    attributes += key;
+    attributes += L'=';
+    attributes += text;
   }
   CString connected;
   for (const std::string& handle : line.connected) {
@@ -140,9 +146,46 @@ void ListPipes(const Drawing& drawing, bool asJson, std::ostream& output) {
   output << (asJson ? LayOutJson({{"pipes", std::move(list)}}) + '\n' : TextTable(rows));
 }
 
+CString PlaceText(const AcGePoint3d& place) {
+  const auto tenths = [](double number) { return FormatBound(std::round(number * 10) / 10); };
+  return L"(" + tenths(place.x) + L", " + tenths(place.y) + L", " + tenths(place.z) + L")";
+}
+
+std::string CountLine(std::size_t count) {
+  if (count == 0) return "no findings\n";
+  return std::to_string(count) + (count == 1 ? " finding\n" : " findings\n");
+}
+
+void ListFindings(const std::vector<Finding>& findings, bool asJson, std::ostream& output) {
+  Json list = Json::array();
+  std::vector<std::vector<CString>> rows;
+  for (const Finding& finding : findings) {
+    std::vector<std::string> handles;
+    handles.reserve(finding.handles.size());
+    for (const std::uint64_t handle : finding.handles) handles.push_back(HandleText(handle));
+    if (asJson) {
+      list.push_back({{"kind", finding.kind},
+                      {"text", Utf8FromWide(finding.text)},
+                      {"point", PointJson(finding.place)},
+                      {"handles", handles}});
+    } else {
+      rows.push_back({WideFromUtf8(handles.empty() ? "" : handles.front()), WideFromUtf8(finding.kind),
+                      PlaceText(finding.place), finding.text});
+    }
+  }
+  if (asJson) {
+    output << LayOutJson({{"findings", std::move(list)}, {"count", findings.size()}}) << '\n';
+  } else {
+    output << TextTable(rows) << CountLine(findings.size());
+  }
+}
+
 void ShowPipes(const PipesOptions& options, const Streams& streams) {
   const auto drawing = ReadDrawing(PathFromText(WideFromUtf8(options.drawing)));
-  ListPipes(*drawing, options.asJson, streams.output);
+  if (!options.check) return ListPipes(*drawing, options.asJson, streams.output);
+  CheckSettings settings = options.settings;
+  settings.materials = MaterialNames();
+  ListFindings(CheckDrawing(*drawing, settings), options.asJson, streams.output);
 }
 
 }  // namespace
@@ -151,6 +194,14 @@ void AddPipesVerb(CLI::App& program, const Streams& streams) {
   CLI::App* verb = program.add_subcommand("pipes", "List the pipes of a drawing with what they connect to");
   const auto options = std::make_shared<PipesOptions>();
   verb->add_option("DRAWING", options->drawing, "The DXF file")->required();
+  verb->add_flag("--check", options->check, "List what to look at before calculating instead of the pipes");
+  verb->add_option("--guns", options->settings.guns, "Hydrants used together, for --check")
+      ->capture_default_str()
+      ->check(CLI::Range(0, 1000));
+  verb->add_option("--riser-guns", options->settings.gunsOnFirstRiser,
+                   "How many of them the farthest riser takes, for --check")
+      ->capture_default_str()
+      ->check(CLI::Range(0, 1000));
   verb->add_flag("--json", options->asJson, "Print JSON");
   verb->callback([options, streams] { ShowPipes(*options, streams); });
 }

@@ -74,6 +74,42 @@ TEST_F(PipesVerb, ADrawingWithoutPipesIsATableWithoutRows) {
   EXPECT_EQ(Call({"pipes", file.Path(), "--json"}).output, "{\"pipes\": []}\n");
 }
 
+TEST_F(PipesVerb, CheckListsTheFindingsAndCountsThemInTheLastLine) {
+  EXPECT_EQ(Call({"pipes", file_.Path(), "--check"}).output,
+            "43  zero-length  (9000, 0, 0)  管道长度仅 0.5 mm，不成管段\n"
+            "1 finding\n");
+  drawing_->Erase(drawing_->FindHandle(0x43));
+  EXPECT_EQ(Call({"pipes", DrawingFile(*drawing_).Path(), "--check"}).output, "no findings\n");
+  drawing_->SetFields(drawing_->FindHandle(0x42), {{L"Material", L"竹管"}, {L"Equivalent", L"0"}});
+  EXPECT_EQ(
+      Call({"pipes", DrawingFile(*drawing_).Path(), "--check"}).output,
+      "40  zero-equivalent   (0, 1500, 0)      自入口起第 1 段立管 40 起当量总数为 0，设计秒流量算不出\n"
+      "42  unknown-material  (500, 1750.1, 0)  管道 42 的管材“竹管”不在管材数据文件中\n"
+      "2 findings\n");
+}
+
+TEST_F(PipesVerb, CheckPrintsJsonForPrograms) {
+  const Outcome outcome = Call({"pipes", file_.Path(), "--check", "--json"});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(Json::parse(outcome.output),
+            Json::parse(R"({"findings": [{"kind": "zero-length", "text": "管道长度仅 0.5 mm，不成管段",
+                            "point": [9000, 0, 0], "handles": ["43"]}], "count": 1})"));
+}
+
+TEST_F(PipesVerb, NoSchematicToStartFromHasFindings) {
+  const TemporaryFolder folder;
+  for (const char* kind : {"supply", "drainage"}) {
+    const std::string file = (folder.Path() / kind).string() + ".dxf";
+    ASSERT_EQ(Call({"new", kind, "--risers", "3", "-o", file}).status, 0);
+    EXPECT_EQ(Call({"pipes", file, "--check"}).output, "no findings\n") << kind;
+  }
+  const std::string examples = ZWT_SOURCE_DIR "/examples/";
+  for (const auto& entry : std::filesystem::directory_iterator(examples)) {
+    if (entry.path().extension() != ".dxf") continue;
+    EXPECT_EQ(Call({"pipes", entry.path().string(), "--check"}).output, "no findings\n") << entry.path();
+  }
+}
+
 TEST_F(PipesVerb, ADrawingThatCannotBeReadIsOneLine) {
   EXPECT_EQ(Failure({"pipes"}), "DRAWING is required\n");
   EXPECT_THAT(Failure({"pipes", "/no/such.dxf"}), testing::StartsWith("cannot read /no/such.dxf"));

@@ -22,6 +22,9 @@ class FirstRoutes {
 
   bool Reaches(std::int32_t node) const { return depth_[static_cast<std::size_t>(node)] >= 0; }
 
+  /// Length of the route to `node`, which must be reached; thousandths of a millimetre.
+  std::int64_t LengthTo(std::int32_t node) const { return length_[static_cast<std::size_t>(node)]; }
+
   /// The route from its source to `node`, which must be reached.
   Route To(std::int32_t node) const;
 

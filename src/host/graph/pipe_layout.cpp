@@ -26,11 +26,10 @@ bool Touch(const AcGePoint3d& first, const AcGePoint3d& second) {
   return Distance(first, second) <= kReach;
 }
 
-/// The pipes connected to one, itself included, in drawing order.
-std::vector<std::int32_t> ConnectedPipes(const Drawing& drawing, std::int32_t entity) {
+/// The pipes connected to some, these included, in drawing order.
+std::vector<std::int32_t> ConnectedPipes(const Drawing& drawing, std::vector<std::int32_t> pipes) {
   std::vector<char> met(At(drawing.EntityCount()), 0);
-  std::vector<std::int32_t> pipes = {entity};
-  met[At(entity)] = 1;
+  for (const std::int32_t pipe : pipes) met[At(pipe)] = 1;
   for (std::size_t next = 0; next < pipes.size(); ++next) {
     for (const std::int32_t other : drawing.GetConnections().ConnectedTo(pipes[next])) {
       if (std::exchange(met[At(other)], static_cast<char>(1)) == 0) pipes.push_back(other);
@@ -184,7 +183,11 @@ bool IsLivingPipe(const Drawing& drawing, std::int32_t entity) {
 
 PipeLayout MakePipeLayout(const Drawing& drawing, std::int32_t entity) {
   if (!IsLivingPipe(drawing, entity)) return {};
-  return LayoutBuilder(drawing, ConnectedPipes(drawing, entity)).Build();
+  return MakePipeLayout(drawing, std::vector<std::int32_t>{entity});
+}
+
+PipeLayout MakePipeLayout(const Drawing& drawing, std::vector<std::int32_t> pipes) {
+  return LayoutBuilder(drawing, ConnectedPipes(drawing, std::move(pipes))).Build();
 }
 
 }  // namespace zwt

@@ -30,4 +30,8 @@ struct PipeLayout {
 /// joint is none. Joints in a chain of near ones are one node, at the point of the first pipe.
 PipeLayout MakePipeLayout(const Drawing& drawing, std::int32_t entity);
 
+/// The same for everything connected to any of several pipes, which must be living ones: it may fall into
+/// parts.
+PipeLayout MakePipeLayout(const Drawing& drawing, std::vector<std::int32_t> pipes);
+
 }  // namespace zwt
