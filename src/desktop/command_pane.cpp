@@ -51,6 +51,18 @@ void CommandInput::Submit() {
   if (onEntered) onEntered(line);
 }
 
+/// Undo and redo mean the drawing, also while a command is being typed.
+bool CommandInput::event(QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride) {
+    const auto* key = dynamic_cast<QKeyEvent*>(event);
+    if (key->matches(QKeySequence::Undo) || key->matches(QKeySequence::Redo)) {
+      event->ignore();
+      return false;
+    }
+  }
+  return QLineEdit::event(event);
+}
+
 void CommandInput::keyPressEvent(QKeyEvent* event) {
   switch (event->key()) {
     case Qt::Key_Return:

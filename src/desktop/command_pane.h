@@ -30,6 +30,7 @@ class CommandInput : public QLineEdit {
   std::function<void()> onEscape;
 
  protected:
+  bool event(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 
  private:

@@ -3,10 +3,27 @@
 
 #include <exception>
 
+#include "host/drawing/drawing.h"
 #include "host/runtime/command_line.h"
 #include "host/runtime/command_stack.h"
 
 namespace zwt {
+
+namespace {
+
+/// Makes all changes of the working drawing while it lives one step.
+class UndoStep {
+ public:
+  UndoStep() : drawing_(WorkingDrawing()) { drawing_.BeginStep(); }
+  UndoStep(const UndoStep&) = delete;
+  UndoStep& operator=(const UndoStep&) = delete;
+  ~UndoStep() { drawing_.EndStep(); }
+
+ private:
+  Drawing& drawing_;
+};
+
+}  // namespace
 
 void CommandSession::Run(const CString& name) {
   if (running_) return;
@@ -14,6 +31,7 @@ void CommandSession::Run(const CString& name) {
   last_ = name;
   if (onBegun) onBegun();
   try {
+    const UndoStep step;
     RunCommand(name);
   } catch (const std::exception& failure) {
     PrintText(L"\n命令未能完成：" + WideFromUtf8(failure.what()));

@@ -1,5 +1,6 @@
-// Runs the commands of the program, one at a time, and tells when one begins and ends. What goes wrong in a
-// command is shown on the command line and never leaves this class.
+// Runs the commands of the program, one at a time, and tells when one begins and ends. What a command changes
+// in the drawing is one undo step. What goes wrong in a command is shown on the command line and never leaves
+// this class.
 #pragma once
 
 #include <functional>

@@ -13,6 +13,9 @@ namespace zwt {
 
 namespace {
 
+/// Where a window's title shows that something is not saved.
+const auto kModifiedMark = QStringLiteral("[*]");
+
 /// Lets a window appear and paint itself; input stays queued. A window system that never shows it does not
 /// hold up the calculation.
 void WaitUntilPainted(PanelWindow& window) {
@@ -85,10 +88,14 @@ void DesktopPresenter::ShowMessage(CDialog* owner, const CString& text, const CS
   QMessageBox box(parent);
   box.setTextFormat(Qt::PlainText);
   box.setText(ToQt(text));
-  const QString usual = parent != nullptr ? parent->windowTitle() : QString();
+  const QString usual = parent != nullptr ? parent->windowTitle().remove(kModifiedMark) : QString();
   box.setWindowTitle(caption.empty() ? usual : ToQt(caption));
   box.setIcon(icon == MessageIcon::kStop ? QMessageBox::Critical : QMessageBox::NoIcon);
   box.addButton(QStringLiteral("确定"), QMessageBox::AcceptRole);
+  Wait(box);
+}
+
+void DesktopPresenter::Wait(QMessageBox& box) {
   const NestedWaits::Wait wait(waits_, [&box] { box.reject(); });
   QMetaObject::invokeMethod(
       &box,
@@ -97,6 +104,25 @@ void DesktopPresenter::ShowMessage(CDialog* owner, const CString& text, const CS
       },
       Qt::QueuedConnection);
   box.exec();
+}
+
+int DesktopPresenter::Ask(const QString& text, const QStringList& answers) {
+  const int wayOut = static_cast<int>(answers.size()) - 1;
+  if (waits_.IsCancelling()) return wayOut;
+  QMessageBox box(mainWindow_);
+  box.setTextFormat(Qt::PlainText);
+  box.setText(text);
+  box.setWindowTitle(mainWindow_ != nullptr ? mainWindow_->windowTitle().remove(kModifiedMark) : QString());
+  box.setIcon(QMessageBox::Question);
+  QList<QAbstractButton*> buttons;
+  for (const QString& answer : answers) {
+    const bool last = buttons.size() == wayOut;
+    buttons.append(box.addButton(answer, last ? QMessageBox::RejectRole : QMessageBox::AcceptRole));
+  }
+  box.setEscapeButton(buttons.last());
+  Wait(box);
+  const auto pressed = static_cast<int>(buttons.indexOf(box.clickedButton()));
+  return pressed < 0 ? wayOut : pressed;
 }
 
 void DesktopPresenter::GiveWayToDrawing(CDialog&) {

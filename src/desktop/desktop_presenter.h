@@ -27,6 +27,10 @@ class DesktopPresenter : public Presenter {
   void ShowModeless(CDialog& panel) override;
   void CloseModeless(CDialog& panel) override;
   void ShowMessage(CDialog* owner, const CString& text, const CString& caption, MessageIcon icon) override;
+  /// Asks the program's own questions: a button for each answer, the last one is also the way out. Gives the
+  /// number of the answer; while everything is cancelled that of the last one, unseen.
+  int Ask(const QString& text, const QStringList& answers);
+
   void GiveWayToDrawing(CDialog& panel) override;
   void ReturnFromDrawing(CDialog& panel) override;
 
@@ -49,6 +53,7 @@ class DesktopPresenter : public Presenter {
 
   QWidget* ParentFor(const CDialog* owner) const;
   PanelWindow* WindowOf(const CDialog* panel) const;
+  void Wait(QMessageBox& box);
 
   QWidget* mainWindow_;
   NestedWaits& waits_;

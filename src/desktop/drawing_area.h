@@ -1,16 +1,64 @@
-// The place of the drawing in the main window.
+// The window on the drawing: shows it, pans with the middle button or the held space bar, zooms with the
+// wheel at the pointer, and gives the left button and the keys to the tool in use.
 #pragma once
 
 #include <QWidget>
+#include <functional>
+#include <optional>
+
+#include "desktop/drawing_scene.h"
+#include "desktop/drawing_tool.h"
+#include "desktop/view_transform.h"
 
 namespace zwt {
 
 class DrawingArea : public QWidget {
  public:
-  explicit DrawingArea(QWidget* parent);
+  /// The scene outlives the window.
+  DrawingArea(DrawingScene& scene, QWidget* parent);
+
+  const ViewTransform& View() const { return view_; }
+  /// Shows a part of the drawing as large as fits, and all of it.
+  void ZoomTo(const QRectF& part);
+  void ZoomToExtents();
+
+  /// Puts a tool to use in place of the standing one; null takes it away. Who puts it keeps it alive.
+  void Use(DrawingTool* tool);
+  /// The tool in use while no other one is; null: none.
+  void SetStandingTool(DrawingTool* tool);
+  DrawingTool* Tool() const { return tool_ != nullptr ? tool_ : standing_; }
+
+  /// Called with what is typed while the drawing has the keys: it belongs on the command line.
+  std::function<void(const QString&)> onTyped;
+  /// Called with the place under the pointer.
+  std::function<void(const QPointF&)> onPointed;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void leaveEvent(QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void keyReleaseEvent(QKeyEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+
+ private:
+  PointerPlace PlaceOf(const QPointF& pixel, Qt::KeyboardModifiers keys) const;
+  void ViewChanged();
+  void FollowCursor();
+  void PaintDrawing(QPainter& painter) const;
+
+  DrawingScene& scene_;
+  ViewTransform view_;
+  DrawingTool* tool_ = nullptr;
+  DrawingTool* standing_ = nullptr;
+  QPointF pointer_;
+  std::optional<QPointF> panFrom_;  // while the drawing is being moved: where the pointer was
+  bool spaceHeld_ = false;
+  bool spaceMoved_ = false;  // the drawing was moved with the space bar held
 };
 
 }  // namespace zwt

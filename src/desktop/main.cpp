@@ -13,6 +13,7 @@ namespace {
 
 struct Arguments {
   bool check = false;
+  QString drawing;  // to open; empty: none
 };
 
 /// Loads the module; without it the program opens all the same and says why its commands are missing.
@@ -39,9 +40,11 @@ Arguments ReadArguments(const QApplication& application) {
   const QCommandLineOption check(QStringLiteral("check"),
                                  QStringLiteral("打开窗口后立即退出：检查安装，计算模块不能载入时返回 1"));
   parser.addOptions({mainDirectory, check});
+  parser.addPositionalArgument(QStringLiteral("DRAWING"), QStringLiteral("要打开的图纸"),
+                               QStringLiteral("[DRAWING]"));
   parser.process(application);
   if (parser.isSet(mainDirectory)) TakeMainDirectory(parser.value(mainDirectory));
-  return {.check = parser.isSet(check)};
+  return {.check = parser.isSet(check), .drawing = parser.positionalArguments().value(0)};
 }
 
 }  // namespace
@@ -56,7 +59,13 @@ int main(int argc, char** argv) {
   zwt::MainWindow window;
   LoadModule(module);
   window.TakeOverCommands();
-  if (arguments.check) window.onShown = [&] { QApplication::exit(module.IsLoaded() ? 0 : 1); };
+  window.onShown = [&] {
+    if (arguments.check) {
+      QApplication::exit(module.IsLoaded() ? 0 : 1);
+    } else if (!arguments.drawing.isEmpty()) {
+      window.Files().OpenFile(arguments.drawing);
+    }
+  };
   window.show();
   return QApplication::exec();
 }

@@ -4,15 +4,16 @@
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QDockWidget>
+#include <QDropEvent>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QStatusBar>
 #include <QToolBar>
 #include <utility>
 
 #include "desktop/code_edition.h"
 #include "desktop/disciplines.h"
-#include "desktop/drawing_area.h"
 #include "desktop/icons.h"
 #include "desktop/qt_text.h"
 #include "host/dialog/panel_template.h"
@@ -20,24 +21,44 @@
 
 namespace zwt {
 
+namespace {
+
+/// The file that is dragged, where it is one drawing; otherwise empty.
+QString DroppedDrawing(const QMimeData& data) {
+  if (data.urls().size() != 1) return {};
+  const QString path = data.urls().front().toLocalFile();
+  return path.endsWith(QLatin1String(".dxf"), Qt::CaseInsensitive) ? path : QString();
+}
+
+}  // namespace
+
 MainWindow::MainWindow()
     : presenter_(this, waits_),
       session_(waits_),
       pane_(new CommandPane(this)),
+      area_(new DrawingArea(scene_, this)),
+      layers_(new LayerView(scene_, this)),
+      editor_(*area_, scene_, *pane_, waits_),
+      files_(document_, presenter_, settings_, this),
+      reports_(document_),
       state_(new QLabel(this)),
+      place_(new QLabel(this)),
       presenterBefore_(SetPresenter(&presenter_)),
       lineBefore_(SetCommandLine(pane_)) {
   setObjectName(QStringLiteral("mainWindow"));
-  setWindowTitle(QStringLiteral("建筑给水排水计算"));
   setWindowIcon(ProgramIcon());
-  setCentralWidget(new DrawingArea(this));
+  setAcceptDrops(true);
+  setCentralWidget(area_);
   MakeCommandLine();
   MakeFileMenu();
+  MakeEditMenu();
+  MakeViewMenu();
   MakeCommandActions();
   MakeHelpMenu();
   MakeStatusBar();
   session_.onBegun = [this] { FollowSession(); };
   session_.onEnded = [this] { FollowSession(); };
+  FollowDocument();
   RestoreWindow();
   FollowSession();
 }
@@ -55,12 +76,77 @@ void MainWindow::MakeCommandLine() {
   dock->setWidget(pane_);
   addDockWidget(Qt::BottomDockWidgetArea, dock);
   pane_->Input().onEntered = [this](const QString& line) { Enter(line); };
+  pane_->Input().onEscape = [this] { editor_.Escape(); };
+  area_->onTyped = [this](const QString& text) {
+    pane_->Input().setFocus();
+    pane_->Input().insert(text);
+  };
 }
 
 void MainWindow::MakeFileMenu() {
   QMenu* menu = menuBar()->addMenu(QStringLiteral("文件(&F)"));
+  files_.AddTo(*menu);
+  menu->addSeparator();
   QAction* quit = menu->addAction(QStringLiteral("退出(&X)"), this, [this] { close(); });
   quit->setShortcut(QKeySequence::Quit);
+}
+
+void MainWindow::MakeEditMenu() {
+  QMenu* menu = menuBar()->addMenu(QStringLiteral("编辑(&E)"));
+  undo_ = menu->addAction(QStringLiteral("撤销(&U)"), this, [this] { document_.Contents().Undo(); });
+  undo_->setShortcut(QKeySequence::Undo);
+  undo_->setObjectName(QStringLiteral("editUndo"));
+  redo_ = menu->addAction(QStringLiteral("重做(&R)"), this, [this] { document_.Contents().Redo(); });
+  redo_->setObjectName(QStringLiteral("editRedo"));
+  redo_->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Y), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)});
+}
+
+void MainWindow::MakeViewMenu() {
+  QMenu* menu = menuBar()->addMenu(QStringLiteral("视图(&V)"));
+  QAction* extents =
+      menu->addAction(QStringLiteral("显示全图(&E)"), area_, [this] { area_->ZoomToExtents(); });
+  extents->setShortcut(Qt::Key_F6);
+  extents->setObjectName(QStringLiteral("viewExtents"));
+  auto* dock = new QDockWidget(QStringLiteral("图层"), this);
+  dock->setObjectName(QStringLiteral("layers"));
+  dock->setWidget(layers_);
+  addDockWidget(Qt::RightDockWidgetArea, dock);
+  menu->addAction(dock->toggleViewAction());
+}
+
+void MainWindow::FollowDocument() {
+  document_.onReplaced = [this] {
+    scene_.Forget();
+    FollowDrawing();
+  };
+  document_.onChanged = [this] {
+    scene_.Forget();
+    FollowDrawing();
+  };
+  document_.onRefused = [this](const CString& message) { pane_->Print(L"\n" + message); };
+  document_.onFileTouched = [this] { CatchUpWithFile(); };
+  files_.onOpened = [this] {
+    scene_.Reset();
+    FollowDrawing();
+    area_->ZoomToExtents();
+  };
+  files_.onNote = [this](const CString& text) { pane_->Print(text); };
+  area_->onPointed = [this](const QPointF& place) {
+    place_->setText(QStringLiteral("%1, %2").arg(place.x(), 0, 'f', 0).arg(place.y(), 0, 'f', 0));
+  };
+  FollowDrawing();
+}
+
+void MainWindow::FollowDrawing() {
+  setWindowTitle(QStringLiteral("%1[*] - 建筑给水排水计算").arg(document_.Name()));
+  setWindowModified(document_.IsModified());
+  undo_->setEnabled(!session_.IsRunning() && document_.Contents().CanUndo());
+  redo_->setEnabled(!session_.IsRunning() && document_.Contents().CanRedo());
+  layers_->Follow();
+}
+
+void MainWindow::CatchUpWithFile() {
+  if (!session_.IsRunning()) files_.CatchUp();
 }
 
 void MainWindow::MakeCommandActions() {
@@ -115,7 +201,9 @@ void MainWindow::MakeStatusBar() {
       edition.isEmpty() ? QStringLiteral("缺少设计数据表") : QStringLiteral("设计规范：%1").arg(edition),
       this);
   codes->setObjectName(QStringLiteral("codeEdition"));
+  place_->setObjectName(QStringLiteral("pointerPlace"));
   statusBar()->addWidget(state_, 1);
+  statusBar()->addPermanentWidget(place_);
   statusBar()->addPermanentWidget(codes);
 }
 
@@ -125,7 +213,9 @@ void MainWindow::RestoreWindow() {
     constexpr int kHeight = 800;
     constexpr int kCommandLineHeight = 130;
     resize(kWidth, kHeight);
-    resizeDocks({findChild<QDockWidget*>()}, {kCommandLineHeight}, Qt::Vertical);
+    constexpr int kSideWidth = 240;
+    resizeDocks({findChild<QDockWidget*>(QStringLiteral("commandLine"))}, {kCommandLineHeight}, Qt::Vertical);
+    resizeDocks({findChild<QDockWidget*>(QStringLiteral("layers"))}, {kSideWidth}, Qt::Horizontal);
   }
   restoreState(settings_.WindowLayout());
 }
@@ -135,28 +225,62 @@ void MainWindow::FollowSession() {
   for (const auto& [name, action] : actions_) {
     action->setEnabled(!running && CommandStack().lookupCommand(name) != nullptr);
   }
+  files_.SetEnabled(!running);
+  FollowDrawing();
   state_->setText(running ? QStringLiteral("正在执行 %1").arg(ToQt(session_.LastCommand()))
                           : QStringLiteral("就绪"));
-  if (!running && closing_) close();
+  if (running) return;
+  if (closing_) {
+    close();
+  } else {
+    CatchUpWithFile();
+  }
+}
+
+bool MainWindow::RunOwnCommand(const QString& name) {
+  const std::map<QString, std::function<void()>> commands = {
+      {QStringLiteral("NEW"), [this] { files_.New(); }},
+      {QStringLiteral("OPEN"), [this] { files_.Open(); }},
+      {QStringLiteral("SAVE"), [this] { files_.Save(); }},
+      {QStringLiteral("SAVEAS"), [this] { files_.SaveAs(); }},
+      {QStringLiteral("U"), [this] { document_.Contents().Undo(); }},
+      {QStringLiteral("UNDO"), [this] { document_.Contents().Undo(); }},
+      {QStringLiteral("REDO"), [this] { document_.Contents().Redo(); }},
+      {QStringLiteral("ZE"), [this] { area_->ZoomToExtents(); }},
+  };
+  const auto found = commands.find(name);
+  if (found == commands.end()) return false;
+  found->second();
+  return true;
 }
 
 void MainWindow::Enter(const QString& line) {
+  if (editor_.IsAsking()) {
+    editor_.TakeLine(line);
+    return;
+  }
   if (session_.IsRunning()) return;
   const CString name = line.isEmpty() ? session_.LastCommand() : FromQt(line.toUpper());
   if (name.empty()) return;
   pane_->Print(L"\n命令：" + name);
+  if (RunOwnCommand(ToQt(name))) return;
   if (CommandStack().lookupCommand(name) == nullptr) {
     pane_->Print(L"\n未知命令“" + name + L"”。");
     return;
   }
+  CatchUpWithFile();
   session_.Run(name);
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
-  if (session_.IsRunning()) {
+  closing_ = session_.IsRunning();
+  if (closing_) {
     event->ignore();
-    closing_ = true;
     waits_.CancelAll();
+    return;
+  }
+  if (!files_.MayLeave()) {
+    event->ignore();
     return;
   }
   settings_.KeepWindow(saveGeometry(), saveState());
@@ -166,6 +290,22 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 void MainWindow::paintEvent(QPaintEvent* event) {
   QMainWindow::paintEvent(event);
   if (onShown) QMetaObject::invokeMethod(this, std::exchange(onShown, nullptr), Qt::QueuedConnection);
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+  if (!session_.IsRunning() && !DroppedDrawing(*event->mimeData()).isEmpty()) event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+  const QString path = DroppedDrawing(*event->mimeData());
+  if (session_.IsRunning() || path.isEmpty()) return;
+  event->acceptProposedAction();
+  files_.OpenFile(path);
+}
+
+void MainWindow::changeEvent(QEvent* event) {
+  QMainWindow::changeEvent(event);
+  if (event->type() == QEvent::ActivationChange && isActiveWindow()) CatchUpWithFile();
 }
 
 void MainWindow::ShowAbout() {

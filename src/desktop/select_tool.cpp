@@ -1,0 +1,176 @@
+// Clicks, rectangles and what lights up.
+#include "desktop/select_tool.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "host/drawing/drawing.h"
+
+namespace zwt {
+
+namespace {
+
+const QColor kHoverColour(0xff, 0xd5, 0x4f);
+const QColor kPickedColour(0x4f, 0xc3, 0xf7);
+constexpr double kLitWidth = 3;
+/// A pointer that moved so few pixels between press and release has clicked.
+constexpr double kClickSlack = 4;
+
+bool IsCrossing(const QPointF& from, const QPointF& to) {
+  return to.x() < from.x();
+}
+
+}  // namespace
+
+SelectTool::SelectTool(const DrawingScene& scene, Filter filter, bool single)
+    : scene_(scene), filter_(std::move(filter)), single_(single) {}
+
+void SelectTool::Forget() {
+  known_.clear();
+  hovered_ = -1;
+  frame_.reset();
+  const std::int32_t count = WorkingDrawing().EntityCount();
+  std::erase_if(picked_, [&](std::int32_t entity) { return entity >= count || !MayPick(entity); });
+}
+
+bool SelectTool::MayPick(std::int32_t entity) const {
+  if (!scene_.IsShown(entity)) return false;
+  const auto [at, isNew] = known_.try_emplace(entity, false);
+  if (isNew) at->second = filter_(entity);
+  return at->second;
+}
+
+std::int32_t SelectTool::Under(const PointerPlace& at) const {
+  return scene_.Picker().Nearest(at.place, at.reach, [this](std::int32_t entity) { return MayPick(entity); });
+}
+
+bool SelectTool::Change(std::int32_t entity, bool takeOut) {
+  const auto held = std::find(picked_.begin(), picked_.end(), entity);
+  if (takeOut == (held == picked_.end())) return false;
+  if (takeOut) {
+    picked_.erase(held);
+  } else {
+    picked_.push_back(entity);
+  }
+  return true;
+}
+
+void SelectTool::PickOne(std::int32_t entity, bool takeOut) {
+  if (!Change(entity, takeOut)) return;
+  if (onPicked) onPicked();
+  if (single_ && onEnded) onEnded(true);
+}
+
+void SelectTool::PickFrame(bool takeOut) {
+  const Frame frame = *std::exchange(frame_, std::nullopt);
+  const QRectF area = QRectF(frame.from, frame.to).normalized();
+  const auto mayPick = [this](std::int32_t entity) { return MayPick(entity); };
+  const DrawingPicker& picker = scene_.Picker();
+  const std::vector<std::int32_t> found =
+      IsCrossing(frame.from, frame.to) ? picker.Touching(area, mayPick) : picker.Inside(area, mayPick);
+  const std::vector<std::int32_t> before = picked_;
+  if (takeOut) {
+    std::erase_if(
+        picked_, [&](std::int32_t entity) { return std::binary_search(found.begin(), found.end(), entity); });
+  } else {
+    std::vector<std::int32_t> held = picked_;
+    std::sort(held.begin(), held.end());
+    std::set_difference(found.begin(), found.end(), held.begin(), held.end(), std::back_inserter(picked_));
+  }
+  if (picked_ != before && onPicked) onPicked();
+}
+
+void SelectTool::PickAll() {
+  std::vector<std::int32_t> all;
+  for (std::int32_t i = 0; i < WorkingDrawing().EntityCount(); ++i) {
+    if (MayPick(i)) all.push_back(i);
+  }
+  if (single_ && all.size() != 1) return;
+  picked_ = std::move(all);
+  if (onPicked) onPicked();
+  if (single_ && onEnded) onEnded(true);
+}
+
+void SelectTool::Press(const PointerPlace& at) {
+  if (frame_) {
+    frame_->to = at.place;
+    PickFrame(at.shift);
+    return;
+  }
+  const std::int32_t hit = Under(at);
+  if (hit >= 0) {
+    PickOne(hit, at.shift);
+  } else if (!single_) {
+    frame_ = Frame{at.place, at.place, at.pixel};
+  }
+}
+
+void SelectTool::Move(const PointerPlace& at) {
+  if (frame_) {
+    frame_->to = at.place;
+    hovered_ = -1;
+  } else {
+    hovered_ = Under(at);
+  }
+}
+
+void SelectTool::Release(const PointerPlace& at) {
+  if (!frame_) return;
+  const QPointF moved = at.pixel - frame_->pressedAt;
+  if (moved.manhattanLength() <= kClickSlack) return;
+  frame_->to = at.place;
+  PickFrame(at.shift);
+}
+
+void SelectTool::Leave() {
+  hovered_ = -1;
+}
+
+void SelectTool::Enter() {
+  frame_.reset();
+  if (onEnded) onEnded(true);
+}
+
+void SelectTool::Escape() {
+  if (frame_) {
+    frame_.reset();
+    return;
+  }
+  if (onEnded) onEnded(false);
+}
+
+bool SelectTool::Take(const QString& word) {
+  if (word.compare(QLatin1String("ALL"), Qt::CaseInsensitive) != 0) return false;
+  PickAll();
+  return true;
+}
+
+void SelectTool::PaintShape(QPainter& painter, const ViewTransform& view, std::int32_t entity) const {
+  QPolygonF line;
+  for (const QPointF& corner : scene_.Picker().ShapeOf(entity)) line.append(view.ToPixel(corner));
+  painter.drawPolyline(line);
+}
+
+void SelectTool::PaintFrame(QPainter& painter, const ViewTransform& view) const {
+  const QRectF area = QRectF(view.ToPixel(frame_->from), view.ToPixel(frame_->to)).normalized();
+  const bool crossing = IsCrossing(frame_->from, frame_->to);
+  QColor colour = crossing ? QColor(0x66, 0xbb, 0x6a) : kPickedColour;
+  painter.setPen(QPen(colour, 1, crossing ? Qt::DashLine : Qt::SolidLine));
+  constexpr int kFaint = 40;
+  colour.setAlpha(kFaint);
+  painter.setBrush(colour);
+  painter.drawRect(area);
+}
+
+void SelectTool::Paint(QPainter& painter, const ViewTransform& view) const {
+  painter.setBrush(Qt::NoBrush);
+  painter.setPen(QPen(kPickedColour, kLitWidth, Qt::SolidLine, Qt::RoundCap));
+  for (const std::int32_t entity : picked_) PaintShape(painter, view, entity);
+  if (hovered_ >= 0) {
+    painter.setPen(QPen(kHoverColour, kLitWidth, Qt::SolidLine, Qt::RoundCap));
+    PaintShape(painter, view, hovered_);
+  }
+  if (frame_) PaintFrame(painter, view);
+}
+
+}  // namespace zwt
