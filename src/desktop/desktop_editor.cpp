@@ -82,6 +82,7 @@ std::optional<std::vector<AcDbObjectId>> DesktopEditor::SelectEntities(const CSt
   SelectTool tool(
       scene_, [&](std::int32_t entity) { return filter(WorkingDrawing().IdOf(entity)); }, single);
   tool.onPicked = [&] { TellCount(tool); };
+  tool.onRefused = [this] { pane_.Print(L"\n这个对象不在可选范围内。"); };
   tool.onEnded = [&](bool done) {
     answered = done;
     loop.quit();

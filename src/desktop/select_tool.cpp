@@ -44,6 +44,11 @@ std::int32_t SelectTool::Under(const PointerPlace& at) const {
   return scene_.Picker().Nearest(at.place, at.reach, [this](std::int32_t entity) { return MayPick(entity); });
 }
 
+bool SelectTool::IsOtherUnder(const PointerPlace& at) const {
+  const auto isShown = [this](std::int32_t entity) { return scene_.IsShown(entity); };
+  return scene_.Picker().Nearest(at.place, at.reach, isShown) >= 0;
+}
+
 bool SelectTool::Change(std::int32_t entity, bool takeOut) {
   const auto held = std::find(picked_.begin(), picked_.end(), entity);
   if (takeOut == (held == picked_.end())) return false;
@@ -101,7 +106,9 @@ void SelectTool::Press(const PointerPlace& at) {
   if (hit >= 0) {
     PickOne(hit, at.shift);
   } else if (!single_) {
-    frame_ = Frame{at.place, at.place, at.pixel};
+    frame_ = Frame{at.place, at.place, at.pixel, IsOtherUnder(at)};
+  } else if (IsOtherUnder(at) && onRefused) {
+    onRefused();
   }
 }
 
@@ -117,7 +124,12 @@ void SelectTool::Move(const PointerPlace& at) {
 void SelectTool::Release(const PointerPlace& at) {
   if (!frame_) return;
   const QPointF moved = at.pixel - frame_->pressedAt;
-  if (moved.manhattanLength() <= kClickSlack) return;
+  if (moved.manhattanLength() <= kClickSlack) {
+    if (!frame_->onOther) return;
+    frame_.reset();
+    if (onRefused) onRefused();
+    return;
+  }
   frame_->to = at.place;
   PickFrame(at.shift);
 }

@@ -42,6 +42,8 @@ class SelectTool : public DrawingTool {
 
   /// Called after each change of what is picked.
   std::function<void()> onPicked;
+  /// Called when a click hits something that may not be picked.
+  std::function<void()> onRefused;
   /// Called when the user is done (true) or gives up (false).
   std::function<void(bool)> onEnded;
 
@@ -50,11 +52,13 @@ class SelectTool : public DrawingTool {
   struct Frame {
     QPointF from;
     QPointF to;
-    QPointF pressedAt;  // pixel
+    QPointF pressedAt;     // pixel
+    bool onOther = false;  // it begins on something that may not be picked: only a drag makes it a rectangle
   };
 
   bool MayPick(std::int32_t entity) const;
   std::int32_t Under(const PointerPlace& at) const;
+  bool IsOtherUnder(const PointerPlace& at) const;
   void PickOne(std::int32_t entity, bool takeOut);
   void PickFrame(bool takeOut);
   bool Change(std::int32_t entity, bool takeOut);

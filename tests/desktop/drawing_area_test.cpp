@@ -158,6 +158,18 @@ TEST_F(DrawingAreaTest, WindowByTwoClicksWorksToo) {
   EXPECT_EQ(Ask(), (Ids{riserA, riserB}));
 }
 
+TEST_F(DrawingAreaTest, ClickOnWhatDoesNotPassTheFilterIsToldAndBeginsNoRectangle) {
+  desk.AtQuestion([&] {
+    desk.ClickAt(4000, 1500);
+    desk.ClickAt(0, 1500);
+    desk.Drag(4000, 1500, 1500, 1000);
+    desk.Press(Qt::Key_Return);
+  });
+  EXPECT_EQ(Ask(), (Ids{riserA, riserB}));
+  EXPECT_EQ(desk.Printed(),
+            QStringLiteral("请选择立管: \n这个对象不在可选范围内。\n已选择 1 个。\n已选择 2 个。"));
+}
+
 TEST_F(DrawingAreaTest, ShiftTakesOutAgain) {
   desk.AtQuestion([&] {
     desk.Drag(5000, 1000, -300, 500);
