@@ -25,6 +25,9 @@ class GridDelegate : public QStyledItemDelegate {
   /// The part of a combo cell that opens its choices.
   QRect ArrowOf(const QRect& cell) const;
 
+  /// Whether an editor is open whose content was not taken in yet.
+  bool IsEditing() const { return editing_.has_value(); }
+
   void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
   QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
                         const QModelIndex& index) const override;

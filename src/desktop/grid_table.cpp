@@ -219,6 +219,9 @@ void GridTable::ShowSelection(const CCellRange& range) {
 void GridTable::keyPressEvent(QKeyEvent* event) {
   if (event->matches(QKeySequence::Copy)) {
     CopySelection(*this);
+  } else if (delegate_->IsEditing() && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
+    // Enter ends the edit; passed on it would press the panel's default button before the text is taken in.
+    event->accept();
   } else {
     QTableView::keyPressEvent(event);
   }
