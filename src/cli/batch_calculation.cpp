@@ -191,12 +191,12 @@ Json ResultJson(const CDialog& panel, const std::vector<const CWnd*>& controls) 
           {"results", std::move(results)}};
 }
 
-/// The annotating button of a panel; its label is spaced out on some.
-const CWnd* FindAnnotatingButton(const CDialog& panel) {
+/// The button of a panel with a label, which is spaced out on some; null if there is none.
+const CWnd* FindButton(const CDialog& panel, const CString& wanted) {
   for (const auto& control : panel.Controls()) {
     CString label = control->Label();
     std::erase(label, L' ');
-    if (control->Shape().kind == ControlKind::kButton && label == L"标注") return control.get();
+    if (control->Shape().kind == ControlKind::kButton && label == wanted) return control.get();
   }
   return nullptr;
 }
@@ -246,7 +246,8 @@ void BatchCalculation::PressAll(CDialog& panel) {
   const PanelTemplate& shape = panel.Shape();
   for (const int button : shape.calculatingButtons) Press(panel, button);
   RequireAllTaken();
-  if (request_.annotate) Annotate(panel);
+  if (request_.annotate) PressByLabel(panel, L"标注", "--annotate", "annotates nothing");
+  if (request_.report) PressByLabel(panel, L"计算书", "--report", "writes no report");
   if (!shape.results.empty()) Collect(panel, ResultControls(panel));
   if (shape.results.empty() && shape.calculatingButtons.empty()) Confirm(panel);
 }
@@ -297,9 +298,10 @@ void BatchCalculation::Collect(const CDialog& panel, const std::vector<const CWn
   result_.json = LayOutJson(ResultJson(panel, controls)) + '\n';
 }
 
-void BatchCalculation::Annotate(CDialog& panel) {
-  const CWnd* button = FindAnnotatingButton(panel);
-  if (button == nullptr) throw ArgumentError("--annotate: " + PanelName(panel) + " annotates nothing");
+void BatchCalculation::PressByLabel(CDialog& panel, const CString& label, const std::string& option,
+                                    const std::string& deed) {
+  const CWnd* button = FindButton(panel, label);
+  if (button == nullptr) throw ArgumentError(option + ": " + PanelName(panel) + ' ' + deed);
   Press(panel, button->GetDlgCtrlID());
 }
 

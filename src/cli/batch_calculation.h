@@ -17,6 +17,7 @@ namespace zwt {
 struct BatchRequest {
   std::vector<std::pair<CString, CString>> values;  // control and text, in order
   bool annotate = false;
+  bool report = false;  // press the button that writes one
 };
 
 struct BatchResult {
@@ -62,7 +63,8 @@ class BatchCalculation : public Presenter, private PanelListener {
   void Press(CDialog& panel, int button);
   Answer Click(CDialog& panel, int button);
   void Confirm(CDialog& panel);
-  void Annotate(CDialog& panel);
+  /// Presses the button with a label; option and deed are for the message where there is none.
+  void PressByLabel(CDialog& panel, const CString& label, const std::string& option, const std::string& deed);
   void Collect(const CDialog& panel, const std::vector<const CWnd*>& controls);
 
   void OnControlChanged(CWnd&, ControlAspect) override {}

@@ -9,7 +9,9 @@
 #include "cli/editor_player.h"
 #include "cli/host_session.h"
 #include "cli/panel_player.h"
+#include "cli/report_file.h"
 #include "cli/verbs.h"
+#include "host/platform/paths.h"
 #include "host/runtime/command_stack.h"
 
 namespace zwt {
@@ -37,6 +39,7 @@ struct CalcRequest {
 CalcRequest Sort(const CalcOptions& options) {
   CalcRequest request;
   request.batch.annotate = options.annotate;
+  request.batch.report = !options.report.empty();
   for (const std::string& argument : options.arguments) {
     const std::size_t equals = argument.find('=');
     if (equals != std::string::npos) {
@@ -77,9 +80,11 @@ class Answering : public EditorPlayer {
 };
 
 void Calculate(const CalcOptions& options, const Streams& streams) {
-  if (!options.report.empty() || options.pdf)
-    throw ArgumentError("--report, --pdf: reports are not available yet");
   const CalcRequest request = Sort(options);
+  if (options.pdf && options.report.empty())
+    throw ArgumentError("--pdf: --report FILE is expected beside it");
+  std::optional<ReportFile> report;
+  if (request.batch.report) report.emplace(PathFromText(WideFromUtf8(options.report)), options.pdf);
   std::optional<RunPath> mainDirectory;
   if (!options.mainDirectory.empty()) mainDirectory = RunPath{options.mainDirectory, "--main-dir"};
   HostSession session(mainDirectory, request.drawing);
@@ -95,6 +100,7 @@ void Calculate(const CalcOptions& options, const Streams& streams) {
   }
   if (!calculation.HasRun())
     throw ArgumentError(options.command + ": no panel has opened: " + LastPrinted(user.last));
+  if (report) streams.errors << report->Write(LastPrinted(user.last));
   if (!options.save.empty()) session.Save({options.save, "--save"});
   const BatchResult& result = calculation.Result();
   for (const std::string& note : result.notes) streams.errors << note << '\n';
@@ -114,9 +120,9 @@ void AddCalcVerb(CLI::App& program, const Streams& streams) {
       ->capture_default_str();
   verb->add_option("--main-dir", options->mainDirectory, "Folder of the data files and templates");
   verb->add_option("--save", options->save, "Where the drawing is saved");
-  verb->add_option("--report", options->report, "Where the report is written");
+  verb->add_option("--report", options->report, "Where the report is written, a new .docx");
   verb->add_flag("--annotate", options->annotate, "Annotate the diameters in the drawing");
-  verb->add_flag("--pdf", options->pdf, "Write the report as PDF");
+  verb->add_flag("--pdf", options->pdf, "Write the report as PDF as well, with LibreOffice");
   verb->add_flag("--json", options->asJson, "Print JSON");
   verb->callback([options, streams] { Calculate(*options, streams); });
 }

@@ -92,9 +92,11 @@ WordTable WordDocument::BuildTable(pugi::xml_node table, int rows, int columns) 
     if (&cells == &made.cells.front()) rowProperties.append_child("w:tblHeader");
     for (int column = 0; column < columns; ++column) {
       pugi::xml_node cell = row.append_child("w:tc");
-      pugi::xml_node cellWidth = cell.append_child("w:tcPr").append_child("w:tcW");
+      pugi::xml_node cellProperties = cell.append_child("w:tcPr");
+      pugi::xml_node cellWidth = cellProperties.append_child("w:tcW");
       cellWidth.append_attribute("w:w") = columnWidth;
       cellWidth.append_attribute("w:type") = "dxa";
+      AddValue(cellProperties, "w:vAlign", "center");
       cell.append_child("w:p");
       cells.push_back(cell);
     }
