@@ -191,12 +191,13 @@ Json ResultJson(const CDialog& panel, const std::vector<const CWnd*>& controls) 
           {"results", std::move(results)}};
 }
 
-/// The button of a panel with a label, which is spaced out on some; null if there is none.
-const CWnd* FindButton(const CDialog& panel, const CString& wanted) {
+/// The first button of a panel with one of the labels, which are spaced out on some; null if there is none.
+const CWnd* FindButton(const CDialog& panel, const std::vector<CString>& wanted) {
   for (const auto& control : panel.Controls()) {
     CString label = control->Label();
     std::erase(label, L' ');
-    if (control->Shape().kind == ControlKind::kButton && label == wanted) return control.get();
+    if (control->Shape().kind != ControlKind::kButton) continue;
+    if (std::find(wanted.begin(), wanted.end(), label) != wanted.end()) return control.get();
   }
   return nullptr;
 }
@@ -246,8 +247,8 @@ void BatchCalculation::PressAll(CDialog& panel) {
   const PanelTemplate& shape = panel.Shape();
   for (const int button : shape.calculatingButtons) Press(panel, button);
   RequireAllTaken();
-  if (request_.annotate) PressByLabel(panel, L"标注", "--annotate", "annotates nothing");
-  if (request_.report) PressByLabel(panel, L"计算书", "--report", "writes no report");
+  if (request_.annotate) PressByLabel(panel, {L"标注", L"赋回图中"}, "--annotate", "annotates nothing");
+  if (request_.report) PressByLabel(panel, {L"计算书"}, "--report", "writes no report");
   if (!shape.results.empty()) Collect(panel, ResultControls(panel));
   if (shape.results.empty() && shape.calculatingButtons.empty()) Confirm(panel);
 }
@@ -298,9 +299,9 @@ void BatchCalculation::Collect(const CDialog& panel, const std::vector<const CWn
   result_.json = LayOutJson(ResultJson(panel, controls)) + '\n';
 }
 
-void BatchCalculation::PressByLabel(CDialog& panel, const CString& label, const std::string& option,
-                                    const std::string& deed) {
-  const CWnd* button = FindButton(panel, label);
+void BatchCalculation::PressByLabel(CDialog& panel, const std::vector<CString>& labels,
+                                    const std::string& option, const std::string& deed) {
+  const CWnd* button = FindButton(panel, labels);
   if (button == nullptr) throw ArgumentError(option + ": " + PanelName(panel) + ' ' + deed);
   Press(panel, button->GetDlgCtrlID());
 }

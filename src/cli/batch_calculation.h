@@ -63,8 +63,9 @@ class BatchCalculation : public Presenter, private PanelListener {
   void Press(CDialog& panel, int button);
   Answer Click(CDialog& panel, int button);
   void Confirm(CDialog& panel);
-  /// Presses the button with a label; option and deed are for the message where there is none.
-  void PressByLabel(CDialog& panel, const CString& label, const std::string& option, const std::string& deed);
+  /// Presses the button with one of the labels; option and deed are for the message where there is none.
+  void PressByLabel(CDialog& panel, const std::vector<CString>& labels, const std::string& option,
+                    const std::string& deed);
   void Collect(const CDialog& panel, const std::vector<const CWnd*>& controls);
 
   void OnControlChanged(CWnd&, ControlAspect) override {}

@@ -50,16 +50,19 @@ std::optional<std::vector<AcDbObjectId>> EditorPlayer::SelectEntities(const CStr
 }
 
 std::vector<AcDbObjectId> EditorPlayer::PickAll(const EntityFilter& filter, bool single) const {
+  constexpr std::size_t kMostNamed = 10;
   std::vector<AcDbObjectId> picked;
   std::string handles;
   for (std::int32_t i = 0; i < drawing_.EntityCount(); ++i) {
     const AcDbObjectId id = drawing_.IdOf(i);
     if (!filter(id)) continue;
     picked.push_back(id);
-    handles += (handles.empty() ? "" : ", ") + HandleText(drawing_.Entity(i).handle);
+    if (picked.size() <= kMostNamed)
+      handles += (handles.empty() ? "" : ", ") + HandleText(drawing_.Entity(i).handle);
   }
   if (!single || picked.size() == 1) return picked;
   if (picked.empty()) throw ScriptError(pick_.at, "one pipe is asked for, none fits");
+  if (picked.size() > kMostNamed) handles += ", ...";
   throw ScriptError(pick_.at, "one pipe is asked for, " + std::to_string(picked.size()) + " fit: " + handles);
 }
 

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "cli/storey_lines.h"
 #include "host/drawing/entities.h"
 #include "host/text/number_text.h"
 
@@ -43,27 +44,6 @@ void DrawRiser(Drawing& drawing, const RiserSchematic& schematic, std::int32_t r
   }
 }
 
-void DrawLabel(Drawing& drawing, const CString& content, const AcGePoint3d& position, AcDbObjectId layer) {
-  TextValues label;
-  label.content = content;
-  label.position = position;
-  label.height = drawing.AnnotationHeight();
-  label.style = drawing.InitTextStyle(L"WT_TEXT");
-  label.layer = layer;
-  drawing.AddText(label);
-}
-
-void DrawStoreys(Drawing& drawing, const RiserSchematic& schematic, AcDbObjectId layer) {
-  const double right = (schematic.risers - 1) * kRiserDistance + kBranchLength + kMargin;
-  for (std::int32_t storey = 0; storey <= schematic.storeys; ++storey) {
-    const double floor = storey * schematic.storeyHeight;
-    drawing.AddLine({-kMargin, floor, 0}, {right, floor, 0}, layer);
-    const bool isRoof = storey == schematic.storeys;
-    DrawLabel(drawing, isRoof ? CString(L"屋面") : ZwtNum2Str(storey + 1) + L"F", {-kMargin, floor + 100, 0},
-              layer);
-  }
-}
-
 }  // namespace
 
 RiserSchematic SupplySchematic() {
@@ -89,8 +69,8 @@ RiserSchematic DrainageSchematic() {
 std::unique_ptr<Drawing> DrawSchematic(const RiserSchematic& schematic) {
   auto drawing = std::make_unique<Drawing>();
   const AcDbObjectId pipes = drawing->InitLayer(GetZwtLayer(L"原理图", L"管道", schematic.system));
-  const AcDbObjectId storeys = drawing->InitLayer(GetZwtLayer(L"原理图", L"楼层", L""));
-  DrawStoreys(*drawing, schematic, storeys);
+  const double right = (schematic.risers - 1) * kRiserDistance + kBranchLength + kMargin;
+  DrawStoreyLines(*drawing, {schematic.storeys, schematic.storeyHeight, -kMargin, right});
   for (std::int32_t riser = 0; riser < schematic.risers; ++riser) {
     DrawRiser(*drawing, schematic, riser, pipes);
     const double below = -2 * drawing->AnnotationHeight();

@@ -1,8 +1,11 @@
 // One calculation from the command line: what each of the thirteen commands prints, and what stops it.
+#include <cstdlib>
+
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
 #include "cli/program_call.h"
+#include "host/report/document_archive.h"
 #include "support/child_process.h"
 
 namespace zwt::test {
@@ -217,6 +220,73 @@ TEST_F(CalcOnPipes, BranchDataThatAreGivenAreWritten) {
   EXPECT_EQ(cells[2][2], "6.50");
   EXPECT_EQ(Failure({"calc", "ZWTGSCS", drawing, "equivalent=viel"}),
             "每户当量： \"viel\" is not what the calculation needs\n");
+}
+
+TEST_F(CalcOnPipes, ReportIsWrittenBesideTheTable) {
+  const std::string drawing = Draw({"supply", "--storeys", "2"});
+  const Outcome outcome = Call({"calc", "ZWTGSJS", drawing, "--report", File("report.docx")});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.errors, File("report.docx") + "\n");
+  EXPECT_EQ(outcome.output, Call({"calc", "ZWTGSJS", drawing}).output);
+  const DocumentArchive report(ReadBytes(File("report.docx")));
+  EXPECT_NE(report.Find("word/document.xml")->bytes.find("1#-2层"), std::string::npos);
+}
+
+TEST_F(CalcOnPipes, AReportNeverReplacesAFile) {
+  const std::string drawing = Draw({"supply", "--storeys", "2"});
+  const std::string file = File("report.docx");
+  WriteBytes(file, "mine");
+  EXPECT_EQ(Failure({"calc", "ZWTGSJS", drawing, "--report", file}),
+            "--report: " + file + " is there already; a report never replaces a file\n");
+  EXPECT_EQ(ReadBytes(file), "mine");
+  WriteBytes(File("other.pdf"), "mine, too");
+  EXPECT_EQ(Failure({"calc", "ZWTGSJS", drawing, "--report", File("other.docx"), "--pdf"}),
+            "--report: " + File("other.pdf") + " is there already; a report never replaces a file\n");
+  EXPECT_FALSE(std::filesystem::exists(File("other.docx")));
+}
+
+TEST_F(CalcOnPipes, AReportThatCannotBeIsRefusedBeforeAnythingIsWritten) {
+  const std::string drawing = Draw({"supply", "--storeys", "2"});
+  const auto refusal = [&](std::vector<std::string> options) {
+    std::vector<std::string> arguments = {"calc", "ZWTGSJS", drawing, "--save", File("saved.dxf")};
+    arguments.insert(arguments.end(), options.begin(), options.end());
+    return Failure(arguments);
+  };
+  EXPECT_EQ(refusal({"--report", File("report.doc")}),
+            "--report " + File("report.doc") + ": a name that ends in .docx is expected\n");
+  EXPECT_EQ(refusal({"--report", File("no/report.docx")}), "--report: no folder " + File("no") + "\n");
+  EXPECT_EQ(refusal({"--pdf"}), "--pdf: --report FILE is expected beside it\n");
+  EXPECT_EQ(Failure({"calc", "ZWTGRGS", "--report", File("report.docx")}),
+            "--report: panel 2000 writes no report\n");
+  std::filesystem::create_directory(File("empty"));
+  EXPECT_EQ(refusal({"--report", File("report.docx"), "--main-dir", File("empty") + "/"}),
+            "--report: 无法加载计算书模板.\n");
+  EXPECT_FALSE(std::filesystem::exists(File("saved.dxf")));
+  EXPECT_FALSE(std::filesystem::exists(File("report.docx")));
+}
+
+/// The search path for programs without a single folder.
+class EmptySearchPath {
+ public:
+  EmptySearchPath() : before_(std::getenv("PATH")) { setenv("PATH", "/nowhere", 1); }
+  EmptySearchPath(const EmptySearchPath&) = delete;
+  EmptySearchPath& operator=(const EmptySearchPath&) = delete;
+  ~EmptySearchPath() { setenv("PATH", before_.c_str(), 1); }
+
+ private:
+  std::string before_;
+};
+
+TEST_F(CalcOnPipes, WithoutAnOfficeProgramTheReportIsThereAndThePdfIsMissed) {
+  const std::string drawing = Draw({"supply", "--storeys", "2"});
+  const EmptySearchPath nothingInstalled;
+  const Outcome outcome = Call({"calc", "ZWTGSJS", drawing, "--report", File("report.docx"), "--pdf"});
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_EQ(outcome.errors,
+            "--pdf: converting a document needs LibreOffice, which is not installed; the report itself is " +
+                File("report.docx") + "\n");
+  EXPECT_TRUE(std::filesystem::exists(File("report.docx")));
+  EXPECT_FALSE(std::filesystem::exists(File("report.pdf")));
 }
 
 TEST(Calc, PrintsJsonForPrograms) {
