@@ -269,7 +269,9 @@ bool SketchEntity(std::span<const Tag> tags, const SketchStyle& style, const Dra
       std::find_if(kKinds.begin(), kKinds.end(), [type](const KindOfEntity& k) { return k.type == type; });
   if (kind == kKinds.end()) return true;
   EntityGroups groups(tags);
+  const Sketch::Extent before = sketch.Now();
   kind->maker({groups, tags, style, drawing, sketch});
+  if (groups.IsBroken()) sketch.TakeBack(before);
   return !groups.IsBroken();
 }
 

@@ -33,6 +33,13 @@ void Sketch::AddPath(const SketchStyle& style, std::span<const AcGePoint3d> path
   points.insert(points.end(), path.begin(), path.end());
 }
 
+void Sketch::TakeBack(const Extent& extent) {
+  points.resize(extent.points);
+  paths.resize(extent.paths);
+  texts.resize(extent.texts);
+  marks.resize(extent.marks);
+}
+
 void Sketch::AddArea(const SketchStyle& style, std::span<const AcGePoint3d> edge) {
   if (edge.size() < 3) return;
   paths.push_back({style, points.size(), edge.size(), true, true});

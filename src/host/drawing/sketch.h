@@ -77,6 +77,15 @@ struct Sketch {
   std::int64_t Cost() const;
   /// Adds a line through points. Fewer than two are none.
   void AddPath(const SketchStyle& style, std::span<const AcGePoint3d> path, bool closed);
+  /// How much there is, to take back what a broken entity has added by then.
+  struct Extent {
+    std::size_t points = 0;
+    std::size_t paths = 0;
+    std::size_t texts = 0;
+    std::size_t marks = 0;
+  };
+  Extent Now() const { return {points.size(), paths.size(), texts.size(), marks.size()}; }
+  void TakeBack(const Extent& extent);
   void AddArea(const SketchStyle& style, std::span<const AcGePoint3d> edge);
   /// Adds what a block shows, at a place and in the style of the insert.
   void AddBlock(const Sketch& block, const Placement& place, const InsertStyle& insert);
