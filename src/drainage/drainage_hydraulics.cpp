@@ -85,11 +85,25 @@ std::int32_t DiameterReaching(const Sizes& sizes, std::size_t position, std::int
   return reaching == sizes.end() ? start->diameter : reaching->diameter;
 }
 
-std::int32_t RiserDiameter(double flow, std::int32_t largestFixture, const DrainageSettings& settings) {
+std::int32_t RiserDiameterOf(double flow, std::int32_t largestFixture, const DrainageSettings& settings) {
   if (settings.ventType == L"伸顶通气") return SelectRiserDiameter(flow, largestFixture, settings.formIndex);
   if (settings.ventType == L"专用通气" || settings.ventType == L"自循环通气")
     return kSeparatelyVentedDiameter;
   return 0;
+}
+
+std::int32_t RiserDiameter(double flow, std::int32_t largestFixture, const DrainageSettings& settings,
+                           Trace* trace) {
+  const std::int32_t diameter = RiserDiameterOf(flow, largestFixture, settings);
+  if (trace != nullptr) {
+    trace->push_back(
+        {.subject = L"立管管径 DN",
+         .substitution = settings.ventType + WithNumbers(L"，排水能力大于 # L/s，不小于卫生器具排水管 #",
+                                                         {flow, static_cast<double>(largestFixture)}),
+         .result = ZwtNum2Str(diameter) + L" mm",
+         .source = L"GB 50015-2003 第4.4.11条"});
+  }
+  return diameter;
 }
 
 struct GradeTable {
@@ -112,22 +126,60 @@ class GradeTables {
   std::map<std::pair<DrainMaterial, std::int32_t>, GradeTable> tables_;
 };
 
-DrainageBranchResult CalculateBranch(const DrainageBranch& branch, double useFactor, GradeTables& tables) {
+TraceStep FlowStep(double useFactor, double equivalents, double largestFlow, double flow) {
+  return {.subject = L"设计秒流量 qp",
+          .formula = L"0.12·α·√Np + qmax",
+          .substitution = WithNumbers(L"0.12 × # × √# + #", {useFactor, equivalents, largestFlow}),
+          .result = ZwtNum2Str(flow, 3) + L" L/s",
+          .source = L"GB 50015-2003 第4.4.5条"};
+}
+
+/// What the rows of the grade table gave, before the least grade.
+struct TableGrade {
+  double grade = 0;
+  double velocity = 0;
+};
+
+void TraceBranch(const DrainageBranch& branch, const TableGrade& table, const DrainageBranchResult& result,
+                 Trace& trace) {
+  trace.push_back({.subject = L"管径 DN",
+                   .substitution = WithNumbers(L"排水能力最接近设计秒流量的一档，不小于卫生器具排水管 #",
+                                               {static_cast<double>(branch.largestFixture)}),
+                   .result = ZwtNum2Str(result.diameter) + L" mm"});
+  trace.push_back({.subject = L"坡度 i",
+                   .substitution = WithNumbers(L"按流量 # L/s 在水力计算表中线性插值得 #，不小于最小坡度",
+                                               {result.flow, table.grade}),
+                   .result = ZwtNum2Str(result.grade, 3),
+                   .source = L"GB 50015-2003 第4.4.9、4.4.10条"});
+  trace.push_back({.subject = L"流速 v",
+                   .substitution = WithNumbers(L"按流量 # L/s 在水力计算表中线性插值", {result.flow}),
+                   .result = ZwtNum2Str(table.velocity, 3) + L" m/s"});
+  trace.push_back({.subject = L"充满度 h/D",
+                   .substitution = L"小于DN150取0.5，其余取0.6",
+                   .result = ZwtNum2Str(result.fullness, 1)});
+}
+
+DrainageBranchResult CalculateBranch(const DrainageBranch& branch, double useFactor, GradeTables& tables,
+                                     Trace* trace) {
   DrainageBranchResult result;
-  result.flow = DrainageFlow(useFactor, branch.equivalents, branch.largestFlow);
+  result.flow = DrainageFlow(useFactor, branch.equivalents, branch.largestFlow, trace);
   const BranchDiameter chosen = SelectBranchDiameter(result.flow, branch.largestFixture, branch.material);
   result.diameter = chosen.diameter;
   GradeTable& table = tables.Of(chosen);
   InterpolateGrade(result.flow, table.grades, table.flows, table.velocities, result.grade, result.velocity);
+  const TableGrade fromTable = {result.grade, result.velocity};
   ClampMinimumGrade(chosen.material, chosen.diameter, result.grade);
   result.fullness = Fullness(chosen.diameter);
+  if (trace != nullptr) TraceBranch(branch, fromTable, result, *trace);
   return result;
 }
 
 }  // namespace
 
-double DrainageFlow(double useFactor, double equivalents, double largestFlow) {
-  return useFactor * 0.12 * std::sqrt(equivalents) + largestFlow;
+double DrainageFlow(double useFactor, double equivalents, double largestFlow, Trace* trace) {
+  const double flow = useFactor * 0.12 * std::sqrt(equivalents) + largestFlow;
+  if (trace != nullptr) trace->push_back(FlowStep(useFactor, equivalents, largestFlow, flow));
+  return flow;
 }
 
 DrainMaterial DrainMaterialOf(const CString& material) {
@@ -162,7 +214,7 @@ std::int32_t SelectRiserDiameter(double flow, std::int32_t largestFixture, std::
 }
 
 DrainageStackResult CalculateStack(const std::vector<DrainageBranch>& branches,
-                                   const DrainageSettings& settings) {
+                                   const DrainageSettings& settings, DrainageStackTrace* trace) {
   DrainageStackResult result;
   GradeTables tables;
   double equivalents = 0;
@@ -172,10 +224,12 @@ DrainageStackResult CalculateStack(const std::vector<DrainageBranch>& branches,
     largestFixture = std::max(largestFixture, branch.largestFixture);
     largestFlow = std::max(largestFlow, branch.largestFlow);
     equivalents += branch.equivalents;
-    result.branches.push_back(CalculateBranch(branch, settings.useFactor, tables));
+    Trace* steps = trace == nullptr ? nullptr : &trace->branches.emplace_back();
+    result.branches.push_back(CalculateBranch(branch, settings.useFactor, tables, steps));
   }
-  result.riserFlow = DrainageFlow(settings.useFactor, equivalents, largestFlow);
-  result.riserDiameter = RiserDiameter(result.riserFlow, largestFixture, settings);
+  Trace* steps = trace == nullptr ? nullptr : &trace->riser;
+  result.riserFlow = DrainageFlow(settings.useFactor, equivalents, largestFlow, steps);
+  result.riserDiameter = RiserDiameter(result.riserFlow, largestFixture, settings, steps);
   return result;
 }
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "drainage/grade_table.h"
+#include "host/text/trace.h"
 #include "host/text/wide_text.h"
 
 namespace zwt {
@@ -13,7 +14,7 @@ namespace zwt {
 /// Design flow in L/s (GB 50015-2003, 4.4.5): useFactor is the coefficient α of the building's use,
 /// equivalents those of the fixtures on the pipe, largestFlow that of a single fixture (L/s). Negative
 /// equivalents give no number.
-double DrainageFlow(double useFactor, double equivalents, double largestFlow);
+double DrainageFlow(double useFactor, double equivalents, double largestFlow, Trace* trace = nullptr);
 
 /// Metal if the text names iron, copper or steel and no plastic; everything else is plastic.
 DrainMaterial DrainMaterialOf(const CString& material);
@@ -67,9 +68,16 @@ struct DrainageStackResult {
   std::int32_t riserDiameter = 0;              // nominal, mm; 0 for an unknown vent type
 };
 
-/// The whole stack. The grade table of a size is read once, however many branches have it.
+/// How each branch and the riser were computed.
+struct DrainageStackTrace {
+  std::vector<Trace> branches;
+  Trace riser;
+};
+
+/// The whole stack. The grade table of a size is read once, however many branches have it. The trace, if one
+/// is given, takes the steps.
 DrainageStackResult CalculateStack(const std::vector<DrainageBranch>& branches,
-                                   const DrainageSettings& settings);
+                                   const DrainageSettings& settings, DrainageStackTrace* trace = nullptr);
 
 /// The line that tells the riser's result.
 CString RiserResultText(const DrainageStackResult& result);

@@ -99,6 +99,7 @@ ZcUiElementsPsDialog::ZcUiElementsPsDialog() : ZcUiDialog(zwt::kDrainageResultsP
   OnClick(2151, [this] { EditBranchData(); });
   OnClick(2150, [this] { ViewDrawing(); });
   OnClick(2156, [this] { network.AnnotatePipes(); });
+  OnExplain(2012, [this](int row) { return ExplainRow(row); });
 }
 
 void ZcUiElementsPsDialog::OnInitDialog() {
@@ -156,8 +157,8 @@ void ZcUiElementsPsDialog::FillGrid() {
 /// Branch diameters go into the pipes row by row, the riser's at the end into all risers of the rows.
 void ZcUiElementsPsDialog::Calculate() {
   if (!UpdateData(true)) return;
-  const zwt::DrainageSettings settings = {_wtof(useCoefficient_), formIndex_, network.GetVentType()};
-  const zwt::DrainageStackResult result = zwt::CalculateStack(network.Branches(), settings);
+  calculatedSettings_ = {_wtof(useCoefficient_), formIndex_, network.GetVentType()};
+  const zwt::DrainageStackResult result = zwt::CalculateStack(network.Branches(), calculatedSettings_);
   CGridCtrl& grid = Grid(2012);
   int row = 1;
   for (const zwt::DrainageBranchResult& branch : result.branches) {
@@ -187,6 +188,15 @@ void ZcUiElementsPsDialog::PublishFloors(std::int32_t riserDiameter) {
                      .diameter = grid.GetItemText(row, zwt::kDiameter)});
   }
   zwt::PublishOverlay(zwt::DescribeDrainage(network, shown, riserDiameter, 2012));
+}
+
+/// The row behind the last floor tells of the riser.
+zwt::Trace ZcUiElementsPsDialog::ExplainRow(int row) {
+  if (!calculated_ || row < 1 || row >= Grid(2012).GetRowCount()) return {};
+  zwt::DrainageStackTrace trace;
+  zwt::CalculateStack(network.Branches(), calculatedSettings_, &trace);
+  const auto branch = static_cast<std::size_t>(row) - 1;
+  return branch < trace.branches.size() ? trace.branches[branch] : trace.riser;
 }
 
 void ZcUiElementsPsDialog::EditBranchData() {

@@ -28,12 +28,14 @@ class ZcUiElementsPsDialog : public ZcUiDialog {
   void InitGrid();
   void FillGrid();
   void Calculate();
+  zwt::Trace ExplainRow(int row);
   /// What the rows show, for the eye; 0 where the stack has no diameter yet.
   void PublishFloors(std::int32_t riserDiameter);
   void EditBranchData();
   void ViewDrawing();
 
-  CString useCoefficient_ = L"1.5";  // of the building, parsed at each calculation
-  std::int32_t formIndex_ = 0;       // of the riser's tees
-  bool calculated_ = false;          // set by the first calculation, never cleared
+  CString useCoefficient_ = L"1.5";           // of the building, parsed at each calculation
+  std::int32_t formIndex_ = 0;                // of the riser's tees
+  bool calculated_ = false;                   // set by the first calculation, never cleared
+  zwt::DrainageSettings calculatedSettings_;  // of the last calculation
 };

@@ -88,15 +88,16 @@ class RiserSeeding {
   double gunLoss_ = 0.0;
 };
 
-LoopedResult Solve(const HydrantCalcInput& input, ZwtHydrantGraph& model, const HydrantCalcEvents& events) {
-  LoopedNetwork network = DescribeLoopedNetwork(model);
+void Solve(const HydrantCalcInput& input, ZwtHydrantGraph& model, const HydrantCalcEvents& events,
+           HydrantCalcResult& result) {
+  LoopedNetwork& network = result.network;
+  network = DescribeLoopedNetwork(model);
   AccumulateFlows(network, network.sourceNumber);
   SeedSectionFlows(network);
   if (events.solvingStarts) events.solvingStarts();
-  const LoopedResult result = SolveLoopedNetwork(network, input, events.passDone);
+  result.passes = SolveLoopedNetwork(network, input, events.passDone);
   if (events.solvingEnds) events.solvingEnds();
   TakeLoopedNetwork(network, model);
-  return result;
 }
 
 }  // namespace
@@ -119,7 +120,7 @@ HydrantCalcResult CalculateHydrantNetwork(const HydrantCalcInput& input, ZwtHydr
   if (onSecondRiser > 0) UseTopHydrants(model, 1, ToInt(onSecondRiser));
   SeedHydrantFlows(input, model);
   result.isSolved = true;
-  result.passes = Solve(input, model, events);
+  Solve(input, model, events, result);
   if (result.passes.outcome == LoopedOutcome::NoSolution) result.messages.emplace_back(L"解方程失败！");
   if (result.passes.outcome != LoopedOutcome::Converged) result.messages.emplace_back(L"计算失败！");
   return result;
@@ -177,6 +178,17 @@ std::vector<SectionResultTexts> SectionResults(ZwtHydrantGraph& model) {
     if (edge.path != nullptr) rows.push_back({ZwtNum2Str(ToInt(edge.diameter)), ZwtNum2Str(edge.flow, 3)});
   }
   return rows;
+}
+
+std::int32_t SectionOfResultRow(ZwtHydrantGraph& model, std::int32_t row) {
+  std::int32_t shown = 0;
+  std::int32_t section = 0;
+  for (model.edges.MoveToFirst(); !model.edges.IsOut(); model.edges.MoveToNext(), ++section) {
+    if (model.edges.GetCurData().path == nullptr) continue;
+    if (shown == row) return section;
+    ++shown;
+  }
+  return -1;
 }
 
 std::vector<NodeResultTexts> NodeResults(ZwtHydrantGraph& model) {

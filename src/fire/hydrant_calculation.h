@@ -27,6 +27,7 @@ struct HydrantCalcResult {
   std::vector<CString> messages;  ///< to be shown in this order
   bool isSolved = false;  ///< the passes were begun: the tables are to be filled, also after a failure
   LoopedResult passes;    ///< how they ended
+  LoopedNetwork network;  ///< as the last pass left it
 };
 
 /// Calculates the model with the panel's values. Hydrants put in use by earlier runs stay in use, and flows
@@ -51,6 +52,9 @@ struct SectionResultTexts {
 /// Rows of the section table from its first on: only sections with a path have one, so behind a section
 /// without one they stand a row too high.
 std::vector<SectionResultTexts> SectionResults(ZwtHydrantGraph& model);
+
+/// Index of the section that a row, from 0, of the section table shows; -1 for none.
+std::int32_t SectionOfResultRow(ZwtHydrantGraph& model, std::int32_t row);
 
 struct NodeResultTexts {
   CString flow;

@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "fire/calculating_dialog.h"
-#include "fire/hydrant_calculation.h"
 #include "fire/hydrant_demand_dialog.h"
 #include "fire/hydrant_formula.h"
 #include "fire/hydrant_overlay.h"
@@ -218,6 +217,8 @@ ZcUiHydrantElementDialog::ZcUiHydrantElementDialog() : ZcUiDialog(zwt::kHydrantN
   OnClick(zwt::kViewButton, [this] { ViewDrawing(); });
   OnClick(zwt::kWriteBackButton, [this] { WriteBackDiameters(); });
   OnClick(zwt::kReportButton, [this] { WriteHydrantReport(); });
+  OnExplain(zwt::kSectionTable, [this](int row) { return ExplainSectionRow(row); });
+  OnExplain(zwt::kNodeTable, [this](int row) { return ExplainNodeRow(row); });
 }
 
 void ZcUiHydrantElementDialog::OnInitDialog() {
@@ -307,10 +308,14 @@ void ZcUiHydrantElementDialog::Calculate() {
   events.solvingEnds = [&] { progress.reset(); };
   zwt::PassHistory history;
   if (zwt::IsOverlayWatched()) events.passDone = [&](const zwt::LoopedPass& pass) { history.Add(pass); };
-  const zwt::HydrantCalcResult result = zwt::CalculateHydrantNetwork(input_, model, events);
+  zwt::HydrantCalcResult result = zwt::CalculateHydrantNetwork(input_, model, events);
   for (const CString& message : result.messages) MessageBoxW(message, zwt::kHydrantMessageTitle, MB_ICONSTOP);
   if (!result.isSolved) return;
   ShowResults();
+  calculated_.reset();
+  if (result.passes.outcome != zwt::LoopedOutcome::NoSolution) {
+    calculated_ = Calculated{input_, std::move(result.network)};
+  }
   if (zwt::IsOverlayWatched()) PublishResults(result.passes, history);
 }
 
@@ -338,6 +343,19 @@ void ZcUiHydrantElementDialog::ShowResults() {
   }
   sections.Refresh();
   nodes.Refresh();
+}
+
+zwt::Trace ZcUiHydrantElementDialog::ExplainSectionRow(int row) {
+  const std::int32_t section = zwt::SectionOfResultRow(model, row - 1);
+  if (!calculated_ || row < 1 || section < 0) return {};
+  return zwt::ExplainSection(calculated_->network, static_cast<std::size_t>(section));
+}
+
+zwt::Trace ZcUiHydrantElementDialog::ExplainNodeRow(int row) const {
+  if (!calculated_ || row < 1) return {};
+  const auto node = static_cast<std::size_t>(row) - 1;
+  if (node >= calculated_->network.nodes.size()) return {};
+  return zwt::ExplainNode(calculated_->network, calculated_->input, node);
 }
 
 void ZcUiHydrantElementDialog::ViewDrawing() {

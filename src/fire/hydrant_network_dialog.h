@@ -2,6 +2,9 @@
 // network.
 #pragma once
 
+#include <optional>
+
+#include "fire/hydrant_calculation.h"
 #include "fire/hydrant_formula.h"
 #include "fire/hydrant_network_model.h"
 #include "fire/hydrant_overlay.h"
@@ -38,6 +41,8 @@ class ZcUiHydrantElementDialog : public ZcUiDialog {
   void Calculate();
   void ShowResults();
   void PublishResults(const zwt::LoopedResult& passes, const zwt::PassHistory& history);
+  zwt::Trace ExplainSectionRow(int row);
+  zwt::Trace ExplainNodeRow(int row) const;
   void ViewDrawing();
   void WriteBackDiameters();
   void WriteHydrantReport();
@@ -46,4 +51,11 @@ class ZcUiHydrantElementDialog : public ZcUiDialog {
 
   std::int32_t keepNumbers_ = 0;
   zwt::HydrantCalcInput input_;
+
+  /// What the tables show since the last calculation.
+  struct Calculated {
+    zwt::HydrantCalcInput input;
+    zwt::LoopedNetwork network;
+  };
+  std::optional<Calculated> calculated_;  // none where the last pass found no heads
 };

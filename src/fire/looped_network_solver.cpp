@@ -54,22 +54,111 @@ std::array<MainDiameter, kMainDiameters.size()> MakeMainDiameters() {
   return diameters;
 }
 
+/// Diameter and conductance of a section from its flow.
+class SectionLaw {
+ public:
+  void Update(LoopedSection& section, Trace* trace = nullptr) const {
+    const double numerator = section.flow == 0.0 ? kZeroFlowNumerator : 4 * section.flow;
+    const double estimate = std::sqrt(numerator / (std::numbers::pi * kEstimateVelocity * 1000));
+    const MainDiameter& diameter = diameters_[NearestMainDiameter(estimate)];
+    section.diameter = diameter.metres * 1000;
+    const double velocity = 4 * section.flow / (diameter.squared * std::numbers::pi * 1000);
+    const double correction = velocity < kSlowVelocity ? 0.852 * std::pow(1 + 0.867 / velocity, 0.3) : 1.0;
+    const double resistance =
+        tenToMinusNine_ * kResistanceFactor * correction * section.length * 0.001 / diameter.resistancePower;
+    section.conductance = 1 / (resistance * std::fabs(section.flow));
+    if (trace != nullptr) Note(section, {estimate, velocity, correction, resistance}, *trace);
+  }
+
+ private:
+  struct Steps {
+    double estimate;  // m
+    double velocity;
+    double correction;
+    double resistance;
+  };
+
+  static void Note(const LoopedSection& section, const Steps& steps, Trace& trace) {
+    constexpr const wchar_t* kLaw = L"舍维列夫公式（钢管）";
+    const double metres = section.diameter * 0.001;
+    trace.push_back({.subject = L"管径 D",
+                     .formula = L"√(4·q / (π·1.7·1000))",
+                     .substitution = WithNumbers(L"前次流量 q = # L/s，估算 # m，取最接近的一档",
+                                                 {section.flow, steps.estimate}),
+                     .result = ZwtNum2Str(ToInt(section.diameter)) + L" mm"});
+    trace.push_back({.subject = L"流速 v",
+                     .formula = L"4·q / (π·D²·1000)",
+                     .substitution = WithNumbers(L"4 × # / (π × #² × 1000)", {section.flow, metres}),
+                     .result = FormatFixed(steps.velocity, 3) + L" m/s"});
+    trace.push_back({.subject = L"低流速修正 K",
+                     .formula = L"v < 1.2 时 0.852·(1 + 0.867 / v)^0.3，否则 1",
+                     .result = FormatFixed(steps.correction, 4),
+                     .source = kLaw});
+    trace.push_back({.subject = L"摩阻 S",
+                     .formula = L"1.736·10^-9·K·L / D^5.3",
+                     .substitution = WithNumbers(L"1.736 × 10^-9 × # × # × 0.001 / #^5.3",
+                                                 {steps.correction, section.length, metres}),
+                     .result = FormatBound(steps.resistance) + L" mH2O/(L/s)²",
+                     .source = kLaw});
+    trace.push_back({.subject = L"导水系数 c",
+                     .formula = L"1 / (S·|q|)",
+                     .substitution = WithNumbers(L"1 / (# × |#|)", {steps.resistance, section.flow}),
+                     .result = FormatBound(section.conductance) + L" (L/s)/mH2O"});
+  }
+
+  std::array<MainDiameter, kMainDiameters.size()> diameters_ = MakeMainDiameters();
+  double tenToMinusNine_ = WholePower(10.0, -9);
+};
+
+/// Flow of a section, L/s, from the heads at its ends.
+double SectionFlow(double conductance, double startHead, double endHead, Trace* trace = nullptr) {
+  const double flow = conductance * std::fabs(startHead - endHead);
+  if (trace != nullptr) {
+    trace->push_back({.subject = L"管段流量 q",
+                      .formula = L"c·|H1 - H2|",
+                      .substitution = WithNumbers(L"# × |# - #|", {conductance, startHead, endHead}),
+                      .result = ZwtNum2Str(flow, 3) + L" L/s"});
+  }
+  return flow;
+}
+
+/// A gun with its hose and valve.
+struct GunLaw {
+  explicit GunLaw(const HydrantCalcInput& input) {
+    const ZwtHydrantFormula formula;
+    hoseLoss = formula.HoseResistance(formula.MaterialFlag(input.hoseMaterial), input.hoseDiameter) *
+               input.hoseLength;
+    gunLoss = 1 / formula.NozzleCoefficient(input.nozzleDiameter) + hoseLoss;
+  }
+
+  /// Flow, L/s, at a head behind the valve, mH2O.
+  double Flow(double head, Trace* trace = nullptr) const {
+    const double flow = std::sqrt(std::fabs(head / gunLoss));
+    if (trace != nullptr) {
+      trace->push_back({.subject = L"水枪流量 q",
+                        .formula = L"√((P - 2) / (1/B + A·Ld))",
+                        .substitution = WithNumbers(L"√(# / #)", {head, gunLoss}),
+                        .result = ZwtNum2Str(flow, 2) + L" L/s"});
+    }
+    return flow;
+  }
+
+  double hoseLoss = 0.0;
+  double gunLoss = 0.0;
+};
+
 /// What one calculation holds from pass to pass.
 class LoopedIteration {
  public:
   LoopedIteration(LoopedNetwork& network, const HydrantCalcInput& input)
       : network_(network),
-        diameters_(MakeMainDiameters()),
-        tenToMinusNine_(WholePower(10.0, -9)),
         system_(static_cast<std::int32_t>(network.nodes.size()), PairsOf(network)),
         conductances_(network.sections.size()),
         outflows_(network.nodes.size()),
-        heads_(network.nodes.size()) {
+        heads_(network.nodes.size()),
+        gun_(input) {
     const ZwtHydrantFormula formula;
-    const double resistance =
-        formula.HoseResistance(formula.MaterialFlag(input.hoseMaterial), input.hoseDiameter);
-    gunLoss_ = 1 / formula.NozzleCoefficient(input.nozzleDiameter) + resistance * input.hoseLength;
-    fixedHead_ = resistance * input.hoseLength * WholePower(_wtof(input.jetFlow), 2) +
+    fixedHead_ = gun_.hoseLoss * WholePower(_wtof(input.jetFlow), 2) +
                  formula.NozzleHead(input.waterColumn, input.nozzleDiameter) + kValveHead +
                  (network.nodes.empty() ? 0.0 : network.nodes.front().riserLength) * 0.001;
   }
@@ -77,7 +166,7 @@ class LoopedIteration {
   /// One pass but for the new section flows. False if the heads can't be solved.
   bool SolveHeads() {
     for (std::size_t index = 0; index < network_.sections.size(); ++index) {
-      UpdateSection(network_.sections[index]);
+      law_.Update(network_.sections[index]);
       conductances_[index] = network_.sections[index].conductance;
     }
     CollectOutflows();
@@ -91,12 +180,13 @@ class LoopedIteration {
     bool converged = true;
     for (std::size_t index = 0; index < network_.sections.size(); ++index) {
       LoopedSection& section = network_.sections[index];
-      const double flow = section.conductance *
-                          std::fabs(heads_[At(section.startNumber - 1)] - heads_[At(section.endNumber - 1)]);
+      const double flow = SectionFlow(section.conductance, heads_[At(section.startNumber - 1)],
+                                      heads_[At(section.endNumber - 1)]);
       const double change = std::fabs(flow * flow - section.flow * section.flow);
       if (!(change <= kLoopedConvergenceLimit)) converged = false;
       if (pass != nullptr) NoteChange(*pass, change, static_cast<std::int32_t>(index));
       changed_ = changed_ || !IsSame(flow, section.flow);
+      section.formerFlow = section.flow;
       section.flow = flow;
     }
     return converged;
@@ -126,18 +216,6 @@ class LoopedIteration {
     pass.section = section;
   }
 
-  void UpdateSection(LoopedSection& section) const {
-    const double numerator = section.flow == 0.0 ? kZeroFlowNumerator : 4 * section.flow;
-    const double estimate = std::sqrt(numerator / (std::numbers::pi * kEstimateVelocity * 1000));
-    const MainDiameter& diameter = diameters_[NearestMainDiameter(estimate)];
-    section.diameter = diameter.metres * 1000;
-    const double velocity = 4 * section.flow / (diameter.squared * std::numbers::pi * 1000);
-    const double correction = velocity < kSlowVelocity ? 0.852 * std::pow(1 + 0.867 / velocity, 0.3) : 1.0;
-    const double resistance =
-        tenToMinusNine_ * kResistanceFactor * correction * section.length * 0.001 / diameter.resistancePower;
-    section.conductance = 1 / (resistance * std::fabs(section.flow));
-  }
-
   void CollectOutflows() {
     double total = 0.0;
     for (std::size_t index = 0; index < outflows_.size(); ++index) {
@@ -154,8 +232,9 @@ class LoopedIteration {
     for (std::size_t index = 0; index < heads_.size(); ++index) {
       LoopedNode& node = network_.nodes[index];
       const double height = node.riserLength * 0.001;
+      node.head = heads_[index];
       node.pressure = heads_[index] - height;
-      const double flow = node.isActive ? GunFlow(heads_[index] - height - kValveHead) : 0.0;
+      const double flow = node.isActive ? gun_.Flow(heads_[index] - height - kValveHead) : 0.0;
       if (node.isActive) changed_ = changed_ || !IsSame(flow, node.flow);
       node.flow = flow;
       total += flow;
@@ -163,17 +242,14 @@ class LoopedIteration {
     if (network_.sourceNumber > 0) network_.nodes[At(network_.sourceNumber - 1)].flow = total;
   }
 
-  double GunFlow(double head) const { return std::sqrt(std::fabs(head / gunLoss_)); }
-
   LoopedNetwork& network_;
-  std::array<MainDiameter, kMainDiameters.size()> diameters_;
-  double tenToMinusNine_;
-  double gunLoss_ = 0.0;
+  SectionLaw law_;
   double fixedHead_ = 0.0;
   HeadSystem system_;
   std::vector<double> conductances_;
   std::vector<double> outflows_;
   std::vector<double> heads_;
+  GunLaw gun_;
   bool changed_ = false;
 };
 
@@ -196,6 +272,35 @@ LoopedResult SolveLoopedNetwork(LoopedNetwork& network, const HydrantCalcInput& 
     if (!iteration.TakeChanged()) return {LoopedOutcome::NotConverged, kLoopedPassLimit - 1};
   }
   return {LoopedOutcome::NotConverged, kLoopedPassLimit - 1};
+}
+
+Trace ExplainSection(const LoopedNetwork& network, std::size_t section) {
+  Trace trace;
+  LoopedSection former = network.sections.at(section);
+  former.flow = former.formerFlow;
+  SectionLaw().Update(former, &trace);
+  SectionFlow(former.conductance, network.nodes.at(At(former.startNumber - 1)).head,
+              network.nodes.at(At(former.endNumber - 1)).head, &trace);
+  return trace;
+}
+
+Trace ExplainNode(const LoopedNetwork& network, const HydrantCalcInput& input, std::size_t index) {
+  const LoopedNode& node = network.nodes.at(index);
+  const double height = node.riserLength * 0.001;
+  Trace trace;
+  if (node.isActive) {
+    GunLaw(input).Flow(node.head - height - kValveHead, &trace);
+  } else {
+    const bool isSource = network.sourceNumber == static_cast<std::int32_t>(index) + 1;
+    trace.push_back({.subject = L"节点流量 q",
+                     .substitution = isSource ? L"各使用消火栓流量之和" : L"不使用的节点",
+                     .result = ZwtNum2Str(node.flow, 2) + L" L/s"});
+  }
+  trace.push_back({.subject = L"压力 P",
+                   .formula = L"H - z",
+                   .substitution = WithNumbers(L"# - #", {node.head, height}),
+                   .result = ZwtNum2Str(node.pressure, 2) + L" mH2O"});
+  return trace;
 }
 
 }  // namespace zwt

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "fire/hydrant_formula.h"
+#include "host/text/trace.h"
 
 namespace zwt {
 
@@ -19,6 +20,7 @@ struct LoopedNode {
   double flow = 0.0;             ///< L/s; of the source the total
   double pressure = 0.0;         ///< mH2O
   double accumulatedFlow = 0.0;  ///< L/s, used to seed section flows
+  double head = 0.0;             ///< mH2O, of the last pass: the pressure and the height
 };
 
 struct LoopedSection {
@@ -28,6 +30,7 @@ struct LoopedSection {
   double flow = 0.0;         ///< L/s
   double diameter = 0.0;     ///< mm
   double conductance = 0.0;  ///< (L/s) per mH2O
+  double formerFlow = 0.0;   ///< L/s, from which the last pass took diameter and conductance
 };
 
 struct LoopedNetwork {
@@ -72,5 +75,10 @@ double SelectMainDiameter(double estimate);
 /// `observer`, if there is one, hears of every pass.
 LoopedResult SolveLoopedNetwork(LoopedNetwork& network, const HydrantCalcInput& input,
                                 const LoopedPassObserver& observer = {});
+
+/// How the last pass found the flow of a section, and flow and pressure of a node: the pass's own formulae
+/// with the numbers that it left in the network.
+Trace ExplainSection(const LoopedNetwork& network, std::size_t section);
+Trace ExplainNode(const LoopedNetwork& network, const HydrantCalcInput& input, std::size_t node);
 
 }  // namespace zwt

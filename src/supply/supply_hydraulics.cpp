@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "data/materials.h"
+#include "host/text/number_text.h"
 #include "supply/outflow_coefficient.h"
 
 namespace zwt {
@@ -41,33 +42,100 @@ double FactorOf(const CString& place) {
 }
 
 double FlowOf(const SupplySectionInput& section, double useRatio, const CString& buildingClass,
-              const CString& place) {
-  if (buildingClass == kDwellingClass) return ResidentialFlow(section.equivalents, useRatio);
-  if (buildingClass == kPublicClass) return PublicFlow(section.equivalents, place);
+              const CString& place, Trace* trace) {
+  if (buildingClass == kDwellingClass) return ResidentialFlow(section.equivalents, useRatio, trace);
+  if (buildingClass == kPublicClass) return PublicFlow(section.equivalents, place, trace);
   return 0;
+}
+
+constexpr const wchar_t* kFlowSubject = L"设计秒流量 qg";
+constexpr const wchar_t* kVelocitySubject = L"流速 v";
+
+CString FlowText(double flow) {
+  return ZwtNum2Str(flow, 2) + L" L/s";
+}
+
+CString VelocityText(double velocity) {
+  return ZwtNum2Str(velocity, 3) + L" m/s";
+}
+
+TraceStep ChoiceStep(const CString& material, std::int32_t diameter, bool isFound) {
+  const CString rule = L"流速在适宜范围内的居中一档，无则取低于 0.8 m/s 而最接近者";
+  return {.subject = L"管径 DN",
+          .substitution = isFound ? material + L"，" + rule : CString(L"没有流速适宜的管径"),
+          .result = ZwtNum2Str(diameter) + L" mm",
+          .source = L"GB 50015-2003 第3.6.9条"};
+}
+
+TraceStep VelocityStep(double innerDiameter, double flow, double velocity) {
+  return {.subject = kVelocitySubject,
+          .formula = L"4·qg / (π·dj²)",
+          .substitution = WithNumbers(L"4 × # × 0.001 / (π × (# × 0.001)²)", {flow, innerDiameter}),
+          .result = VelocityText(velocity)};
 }
 
 }  // namespace
 
 double MeanOutflowProbability(double quota, double persons, double hourlyFactor, double hours,
-                              double equivalents) {
-  if (hours == 0 || equivalents == 0) return 0;
-  return OutflowProbability(quota, persons, hourlyFactor, hours, equivalents);
+                              double equivalents, Trace* trace) {
+  const bool isDefined = hours != 0 && equivalents != 0;
+  const double u0 = isDefined ? OutflowProbability(quota, persons, hourlyFactor, hours, equivalents) : 0;
+  if (trace != nullptr) {
+    trace->push_back({.subject = L"最大用水时平均出流概率 U0",
+                      .formula = L"100·q0·m·Kh / (0.2·Ng·T·3600)",
+                      .substitution = WithNumbers(L"100 × # × # × # / (0.2 × # × # × 3600)",
+                                                  {quota, persons, hourlyFactor, equivalents, hours}),
+                      .result = FormatFixed(u0, 3) + L" %",
+                      .source = L"GB 50015-2003 第3.6.4条"});
+  }
+  return u0;
 }
 
-double SimultaneousRatio(double u0, double equivalents) {
-  return UseRatio(OutflowCoefficient(u0), equivalents);
+double SimultaneousRatio(double u0, double equivalents, Trace* trace) {
+  const double coefficient = OutflowCoefficient(u0);
+  const double ratio = UseRatio(coefficient, equivalents);
+  if (trace != nullptr) {
+    trace->push_back({.subject = L"系数 αc",
+                      .substitution = WithNumbers(L"按最接近 U0 = # % 的一行取值", {u0}),
+                      .result = FormatBound(coefficient),
+                      .source = L"GB 50015-2003 附录C"});
+    trace->push_back(
+        {.subject = L"同时出流概率 U",
+         .formula = L"(1 + αc·(Ng - 1)^0.49) / √Ng",
+         .substitution = WithNumbers(L"(1 + # × (# - 1)^0.49) / √#", {coefficient, equivalents, equivalents}),
+         .result = ZwtNum2Str(ratio, 2),
+         .source = L"GB 50015-2003 第3.6.4条"});
+  }
+  return ratio;
 }
 
-double ResidentialFlow(double equivalents, double useRatio) {
-  return ProbabilityFlow(useRatio, equivalents);
+double ResidentialFlow(double equivalents, double useRatio, Trace* trace) {
+  const double flow = ProbabilityFlow(useRatio, equivalents);
+  if (trace != nullptr) {
+    trace->push_back({.subject = kFlowSubject,
+                      .formula = L"0.2·U·Ng",
+                      .substitution = WithNumbers(L"0.2 × # × #", {useRatio, equivalents}),
+                      .result = FlowText(flow),
+                      .source = L"GB 50015-2003 第3.6.4条"});
+  }
+  return flow;
 }
 
-double PublicFlow(double equivalents, const CString& place) {
-  return RootFlow(FactorOf(place), equivalents);
+double PublicFlow(double equivalents, const CString& place, Trace* trace) {
+  const double factor = FactorOf(place);
+  const double flow = RootFlow(factor, equivalents);
+  if (trace != nullptr) {
+    trace->push_back({.subject = kFlowSubject,
+                      .formula = L"0.2·α·√Ng",
+                      .substitution = WithNumbers(L"0.2 × # × √#", {factor, equivalents}),
+                      .result = FlowText(flow),
+                      .source = L"GB 50015-2003 第3.6.5条"});
+  }
+  return flow;
 }
 
-void SelectDiameter(const CString& material, double flow, std::int32_t& diameter, double& velocity) {
+void SelectDiameter(const CString& material, double flow, std::int32_t& diameter, double& velocity,
+                    Trace* trace) {
   ZcList<int> diameters;
   ZcList<double> inner;
   ZcList<double> outer;
@@ -79,13 +147,29 @@ void SelectDiameter(const CString& material, double flow, std::int32_t& diameter
     inner.MoveToNext();
   }
   const auto chosen = ChooseByVelocity(sizes, kFallback);
-  if (!chosen) return;
-  diameter = chosen->diameter;
-  velocity = chosen->velocity;
+  if (chosen) {
+    diameter = chosen->diameter;
+    velocity = chosen->velocity;
+  }
+  if (trace == nullptr) return;
+  trace->push_back(ChoiceStep(material, diameter, chosen.has_value()));
+  const auto size = std::find_if(sizes.begin(), sizes.end(),
+                                 [&](const SizedVelocity& one) { return one.diameter == diameter; });
+  if (size == sizes.end()) {
+    trace->push_back({.subject = kVelocitySubject, .result = VelocityText(velocity)});
+  } else {
+    const auto index = static_cast<std::int32_t>(size - sizes.begin());
+    trace->push_back(VelocityStep(inner.GetAt(index), flow, velocity));
+  }
 }
 
-double SectionHeadLoss(const CString& material, std::int32_t diameter, double flow, double length) {
-  if (diameter == 0) return 0;
+double SectionHeadLoss(const CString& material, std::int32_t diameter, double flow, double length,
+                       Trace* trace) {
+  constexpr const wchar_t* kSubject = L"沿程水头损失 h";
+  if (diameter == 0) {
+    if (trace != nullptr) trace->push_back({.subject = kSubject, .result = ZwtNum2Str(0.0, 3) + L" mH2O"});
+    return 0;
+  }
   double coefficient = 0;
   ZwtGetMaterialCoeff(material, coefficient);
   double inner = 0;
@@ -93,19 +177,42 @@ double SectionHeadLoss(const CString& material, std::int32_t diameter, double fl
   ZwtGetMaterialParam(material, static_cast<double>(diameter), inner, outer);
   const double lossPerMetre =
       105 * std::pow(coefficient, -1.85) * std::pow(inner * 0.001, -4.87) * std::pow(flow * 0.001, 1.85);
-  return lossPerMetre * (length * 0.001);
+  const double loss = lossPerMetre * (length * 0.001);
+  if (trace != nullptr) {
+    trace->push_back({.subject = L"单位长度水头损失 i",
+                      .formula = L"105·Ch^-1.85·dj^-4.87·qg^1.85",
+                      .substitution = WithNumbers(L"105 × #^-1.85 × (# × 0.001)^-4.87 × (# × 0.001)^1.85",
+                                                  {coefficient, inner, flow}),
+                      .result = FormatFixed(lossPerMetre, 4) + L" kPa/m",
+                      .source = L"GB 50015-2003 第3.6.10条"});
+    trace->push_back({.subject = kSubject,
+                      .formula = L"0.1·i·L",
+                      .substitution = WithNumbers(L"0.1 × # × # × 0.001", {lossPerMetre, length}),
+                      .result = ZwtNum2Str(loss * kMetresOfWaterPerKilopascal, 3) + L" mH2O"});
+  }
+  return loss;
 }
 
 SupplySectionResult CalculateSection(const SupplySectionInput& section, const CString& buildingClass,
-                                     const CString& place) {
+                                     const CString& place, Trace* trace) {
   SupplySectionResult result;
   result.u0 = MeanOutflowProbability(section.quota, section.persons, section.hourlyFactor, section.hours,
-                                     section.equivalents);
-  result.useRatio = SimultaneousRatio(result.u0, section.equivalents);
-  result.flow = FlowOf(section, result.useRatio, buildingClass, place);
-  SelectDiameter(section.material, result.flow, result.diameter, result.velocity);
-  result.headLoss = SectionHeadLoss(section.material, result.diameter, result.flow, section.length);
+                                     section.equivalents, trace);
+  result.useRatio = SimultaneousRatio(result.u0, section.equivalents, trace);
+  result.flow = FlowOf(section, result.useRatio, buildingClass, place, trace);
+  SelectDiameter(section.material, result.flow, result.diameter, result.velocity, trace);
+  result.headLoss = SectionHeadLoss(section.material, result.diameter, result.flow, section.length, trace);
   return result;
+}
+
+ChangedDiameterResult RecalculateSection(const CString& material, std::int32_t diameter, double flow,
+                                         double length, Trace* trace) {
+  double inner = 0;
+  double outer = 0;
+  ZwtGetMaterialParam(material, diameter, inner, outer);
+  const double velocity = Velocity(inner, flow);
+  if (trace != nullptr) trace->push_back(VelocityStep(inner, flow, velocity));
+  return {velocity, SectionHeadLoss(material, diameter, flow, length, trace)};
 }
 
 }  // namespace zwt

@@ -25,7 +25,6 @@ enum ResultColumn { kLabel, kLength, kEquivalents, kRatio, kFlow, kVelocity, kHe
 
 constexpr int kRatioWidth = 70;
 constexpr double kMetresPerMillimetre = 0.001;
-constexpr double kMetresOfWaterPerKilopascal = 0.1;
 
 constexpr const wchar_t* kClasses[] = {kDwellingClass, kPublicClass};
 constexpr const wchar_t* kPlaces[] = {L"幼儿园、托儿所、养老院",
@@ -103,6 +102,7 @@ ZcUiElementsGsDialog::ZcUiElementsGsDialog() : ZcUiDialog(zwt::kSupplyResultsPan
   OnClick(2152, [this] { WriteSupplyReport(); });
   OnCell(2012, CellNotice::kBeginEdit, [this](int row, int column) { OnBeginCellEdit(row, column); });
   OnCell(2012, CellNotice::kEndEdit, [this](int row, int column) { OnEndCellEdit(row, column); });
+  OnExplain(2012, [this](int row) { return ExplainRow(row); });
 }
 
 void ZcUiElementsGsDialog::OnInitDialog() {
@@ -161,13 +161,14 @@ void ZcUiElementsGsDialog::FillGrid() {
 
 void ZcUiElementsGsDialog::CalculateAll() {
   calculated_ = true;
-  const CString buildingClass = ZwtGetComboBoxCurString(Combo(2147));
-  const CString place = ZwtGetComboBoxCurString(Combo(2122));
+  calculatedClass_ = ZwtGetComboBoxCurString(Combo(2147));
+  calculatedPlace_ = ZwtGetComboBoxCurString(Combo(2122));
+  overruled_.clear();
   CGridCtrl& grid = Grid(2012);
   int row = 1;
   zwt::ForEachSection(risers, [&](const ZwtVPipeEdge& edge, int, int position, const ZwtVPipeData& riser) {
     const zwt::SupplySectionResult result =
-        zwt::CalculateSection(zwt::SectionInput(riser, position), buildingClass, place);
+        zwt::CalculateSection(zwt::SectionInput(riser, position), calculatedClass_, calculatedPlace_);
     grid.SetItemText(row, zwt::kRatio, ZwtNum2Str(result.useRatio, 2));
     grid.SetItemText(row, zwt::kFlow, ZwtNum2Str(result.flow, 2));
     grid.SetItemText(row, zwt::kVelocity, ZwtNum2Str(result.velocity, 3));
@@ -192,12 +193,11 @@ void ZcUiElementsGsDialog::RecalculateChanged() {
     if (!grid.IsModified(row, zwt::kDiameter)) return;
     const double flow = _wtof(grid.GetItemText(row, zwt::kFlow));
     const std::int32_t diameter = _wtoi(grid.GetItemText(row, zwt::kDiameter));
-    double innerDiameter = 0;
-    double outerDiameter = 0;
-    ZwtGetMaterialParam(edge.material, diameter, innerDiameter, outerDiameter);
-    const double headLoss = zwt::SectionHeadLoss(edge.material, diameter, flow, edge.length);
-    grid.SetItemText(row, zwt::kVelocity, ZwtNum2Str(zwt::Velocity(innerDiameter, flow), 3));
-    grid.SetItemText(row, zwt::kHeadLoss, ZwtNum2Str(headLoss * zwt::kMetresOfWaterPerKilopascal, 3));
+    const zwt::ChangedDiameterResult result =
+        zwt::RecalculateSection(edge.material, diameter, flow, edge.length);
+    grid.SetItemText(row, zwt::kVelocity, ZwtNum2Str(result.velocity, 3));
+    grid.SetItemText(row, zwt::kHeadLoss, ZwtNum2Str(result.headLoss * zwt::kMetresOfWaterPerKilopascal, 3));
+    overruled_[row] = {flow, diameter};
     ++row;
     zwt::SetSectionDiameter(edge.pipeId, diameter);
   });
@@ -219,6 +219,16 @@ void ZcUiElementsGsDialog::PublishSections() {
   zwt::PublishOverlay(zwt::DescribeSupply(risers, shown, 2012));
 }
 
+ZcUiElementsGsDialog::RowSection ZcUiElementsGsDialog::SectionOfRow(int row) {
+  std::int32_t riserIndex = 0;
+  RowSection found;
+  const CString& label = Grid(2012).GetItemText(row, zwt::kLabel);
+  if (!zwt::ParseSectionLabel(label, riserIndex, found.position)) return {};
+  found.riser = risers.GetTo(riserIndex);
+  if (found.riser != nullptr) found.edge = found.riser->GetTo(found.position);
+  return found;
+}
+
 void ZcUiElementsGsDialog::EditSelectedSection() {
   const CGridCtrl& grid = Grid(2012);
   const int row = grid.GetSelectedCellRange().minRow;
@@ -226,11 +236,7 @@ void ZcUiElementsGsDialog::EditSelectedSection() {
     MessageBoxW(L"请先在表格中选择要修改的管段！", L"错误", MB_ICONSTOP);
     return;
   }
-  std::int32_t riserIndex = 0;
-  std::int32_t position = 0;
-  if (!zwt::ParseSectionLabel(grid.GetItemText(row, zwt::kLabel), riserIndex, position)) return;
-  ZwtVPipeData* riser = risers.GetTo(riserIndex);
-  ZwtVPipeEdge* edge = riser == nullptr ? nullptr : riser->GetTo(position);
+  ZwtVPipeEdge* edge = SectionOfRow(row).edge;
   if (edge == nullptr) return;
   ZcUiComputeGSParamEditDialog branch(this);
   branch.data = zwt::ReadBranchFields(edge->branchId);
@@ -244,6 +250,22 @@ void ZcUiElementsGsDialog::EditSelectedSection() {
   zwt::WriteBranchFields(edge->branchId, branch.data);
   FillGrid();
   if (calculated_) CalculateAll();
+}
+
+/// A row whose diameter was overruled and recalculated tells that, any other the whole calculation.
+zwt::Trace ZcUiElementsGsDialog::ExplainRow(int row) {
+  if (!calculated_ || row < 1 || row >= Grid(2012).GetRowCount()) return {};
+  const auto [riser, position, edge] = SectionOfRow(row);
+  if (edge == nullptr) return {};
+  zwt::Trace trace;
+  const auto overruled = overruled_.find(row);
+  if (overruled != overruled_.end()) {
+    const auto [flow, diameter] = overruled->second;
+    zwt::RecalculateSection(edge->material, diameter, flow, edge->length, &trace);
+  } else {
+    zwt::CalculateSection(zwt::SectionInput(*riser, position), calculatedClass_, calculatedPlace_, &trace);
+  }
+  return trace;
 }
 
 void ZcUiElementsGsDialog::ViewDrawing() {

@@ -75,7 +75,7 @@ TEST(JsonTree, TheDeepestAllowedNestingIsRead) {
 }
 
 TEST(JsonTree, DeeperNestingIsRefusedWithoutReadingOn) {
-  EXPECT_EQ(Problem(std::string(10'000'000, '[')), Repeated("/0", kMaxJsonDepth) + ": nested too deeply");
+  EXPECT_EQ(Problem(Repeated("[", 10'000'000)), Repeated("/0", kMaxJsonDepth) + ": nested too deeply");
   EXPECT_EQ(Problem(Repeated("{\"k\":", 100'000)), Repeated("/k", kMaxJsonDepth) + ": nested too deeply");
 }
 

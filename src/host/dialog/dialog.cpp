@@ -221,6 +221,11 @@ void CDialog::NotifyClose() {
   if (!Run(IDCANCEL, Notice::kClick)) OnCancel();
 }
 
+zwt::Trace CDialog::Explain(int id, int row) const {
+  const auto explainer = explainers_.find(id);
+  return explainer == explainers_.end() ? zwt::Trace() : explainer->second(row);
+}
+
 void CDialog::AddListener(PanelListener* listener) {
   listeners_.push_back(listener);
 }

@@ -20,6 +20,7 @@
 #include "host/dialog/grid_control.h"
 #include "host/dialog/panel_template.h"
 #include "host/dialog/presenter.h"
+#include "host/text/trace.h"
 
 /// What a grid or list tells of a cell.
 enum class CellNotice : std::uint8_t { kClick, kDoubleClick, kBeginEdit, kEndEdit, kChanged };
@@ -106,6 +107,12 @@ class CDialog {
   void NotifyCell(int id, CellNotice notice, int row, int column);
   /// The close box: does what the button 2 does.
   void NotifyClose();
+  /// How what a row of a grid shows was computed; the row -1 stands for a control without rows. Empty where
+  /// there is nothing to tell, as before the calculation.
+  zwt::Trace Explain(int id, int row) const;
+  /// Whether a control's results can be explained at all.
+  bool CanExplain(int id) const { return explainers_.contains(id); }
+
   void AddListener(PanelListener* listener);
   void RemoveListener(PanelListener* listener);
 
@@ -129,6 +136,10 @@ class CDialog {
   void OnCell(int id, CellNotice notice, CellHandler handler) {
     cellHandlers_[{id, notice}] = std::move(handler);
   }
+  /// The explainer makes the calculation of a row once more, with a trace.
+  void OnExplain(int id, std::function<zwt::Trace(int row)> explainer) {
+    explainers_[id] = std::move(explainer);
+  }
 
  private:
   enum class Notice : std::uint8_t { kClick, kSelection, kDropDown, kLeave };
@@ -149,6 +160,7 @@ class CDialog {
   std::map<int, CWnd*> labels_;
   std::map<std::pair<int, Notice>, Handler> handlers_;
   std::map<std::pair<int, CellNotice>, CellHandler> cellHandlers_;
+  std::map<int, std::function<zwt::Trace(int row)>> explainers_;
   std::vector<PanelListener*> listeners_;
   CWnd* focused_ = nullptr;
   bool ended_ = false;
