@@ -10,6 +10,7 @@ void AddVerbs(CLI::App& program, const Streams& streams) {
   AddPanelVerb(program, streams);
   AddNewVerb(program, streams);
   AddPipesVerb(program, streams);
+  AddMarkVerb(program, streams);
   AddRenderVerb(program, streams);
 }
 

@@ -39,6 +39,7 @@ void AddCommandsVerb(CLI::App& program, const Streams& streams);
 void AddPanelVerb(CLI::App& program, const Streams& streams);
 void AddNewVerb(CLI::App& program, const Streams& streams);
 void AddPipesVerb(CLI::App& program, const Streams& streams);
+void AddMarkVerb(CLI::App& program, const Streams& streams);
 void AddRenderVerb(CLI::App& program, const Streams& streams);
 void AddCalcVerb(CLI::App& program, const Streams& streams);
 

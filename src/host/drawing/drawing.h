@@ -61,6 +61,12 @@ struct TextValues {
   AcDbObjectId layer;           // none: layer 0
 };
 
+/// Fields to be set on one entity.
+struct FieldsOfPipe {
+  std::int32_t entity = 0;
+  FieldList fields;
+};
+
 class Drawing {
  public:
   /// An empty drawing of the version that new drawings have.
@@ -125,6 +131,10 @@ class Drawing {
   Acad::ErrorStatus SetFields(std::int32_t index, const FieldList& fields);
   /// Makes a line or polyline of model space a pipe and sets its fields; a pipe stays one.
   Acad::ErrorStatus MakePipe(std::int32_t index, const FieldList& fields);
+  /// The same for many, each once, in one step. Where one of them refuses nothing at all is changed.
+  Acad::ErrorStatus MakePipes(std::span<const FieldsOfPipe> pipes);
+  /// Whether MakePipes would take these; what refuses is told to the observers.
+  Acad::ErrorStatus CheckPipes(std::span<const FieldsOfPipe> pipes) const;
   Acad::ErrorStatus SetLayer(std::int32_t index, AcDbObjectId layer, bool allowHidden);
 
   /// Layers and text styles by name, made where they are missing.
@@ -190,6 +200,8 @@ class Drawing {
   void Replay(const Change& change, bool forward);
   Acad::ErrorStatus WriteFields(std::int32_t index, const FieldList& fields);
   Acad::ErrorStatus CheckFields(const FieldList& fields) const;
+  Acad::ErrorStatus CheckPipe(std::int32_t index) const;
+  Acad::ErrorStatus CheckDataSize(std::string_view tags) const;
   std::int32_t PutInTable(std::vector<NamedRecord>& table, Change::Target target, const CString& name);
   void RegisterApplication(std::string_view name);
   std::int32_t LayerOf(const CString& name);

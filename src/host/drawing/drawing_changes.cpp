@@ -272,6 +272,13 @@ Acad::ErrorStatus Drawing::CheckFields(const FieldList& fields) const {
   return Acad::eOk;
 }
 
+/// Whether extended data may become that large.
+Acad::ErrorStatus Drawing::CheckDataSize(std::string_view tags) const {
+  if (MeasureExtendedData(tags).total <= kMostExtendedData) return Acad::eOk;
+  Refuse(L"管道属性总量超过 16 KB，未写入。");
+  return Acad::eExtendedDataTooLarge;
+}
+
 Acad::ErrorStatus Drawing::WriteFields(std::int32_t index, const FieldList& fields) {
   FieldList changed;
   for (const auto& [key, text] : fields) {
@@ -279,13 +286,11 @@ Acad::ErrorStatus Drawing::WriteFields(std::int32_t index, const FieldList& fiel
     if (!GetField(index, key, held) || held != text) changed.emplace_back(key, text);
   }
   if (changed.empty() && Entity(index).pipe >= 0) return Acad::eOk;
-  const Acad::ErrorStatus checked = CheckFields(changed);
+  Acad::ErrorStatus checked = CheckFields(changed);
   if (checked != Acad::eOk) return checked;
   std::string tags = WithFields(Entity(index).tags, changed, data_.dialect);
-  if (MeasureExtendedData(tags).total > kMostExtendedData) {
-    Refuse(L"管道属性总量超过 16 KB，未写入。");
-    return Acad::eExtendedDataTooLarge;
-  }
+  checked = CheckDataSize(tags);
+  if (checked != Acad::eOk) return checked;
   const StepScope scope(*this);
   RegisterApplication(kPipeApplication);
   ChangeEntity(index, {Keep(std::move(tags)), true});
@@ -306,22 +311,55 @@ Acad::ErrorStatus Drawing::SetFields(std::int32_t index, const FieldList& fields
   return Acad::eOk;
 }
 
-Acad::ErrorStatus Drawing::MakePipe(std::int32_t index, const FieldList& fields) {
+/// Whether an entity is a pipe or can become one.
+Acad::ErrorStatus Drawing::CheckPipe(std::int32_t index) const {
   const EntityRecord& entity = Entity(index);
   if (!entity.alive) return Acad::eWasErased;
   if (!entity.canBePipe || entity.inPaperSpace) return Acad::eNotThatKindOfClass;
-  if (entity.pipe < 0) {
-    try {
-      ReadPipeCurve(SplitTags(entity.tags), 0);
-    } catch (const DrawingError&) {
-      return Acad::eInvalidInput;
-    }
+  if (entity.pipe >= 0) return Acad::eOk;
+  // A pipe must have a handle that others can name.
+  if (entity.handle == 0) return Acad::eInvalidInput;
+  try {
+    ReadPipeCurve(SplitTags(entity.tags), 0);
+  } catch (const DrawingError&) {
+    return Acad::eInvalidInput;
+  }
+  return Acad::eOk;
+}
+
+Acad::ErrorStatus Drawing::MakePipe(std::int32_t index, const FieldList& fields) {
+  const Acad::ErrorStatus checked = CheckPipe(index);
+  if (checked != Acad::eOk) return checked;
+  if (Entity(index).pipe < 0) {
     FieldList first = fields;
     if (first.empty()) first.emplace_back(L"Kind", L"0");
     const Acad::ErrorStatus status = WriteFields(index, first);
     if (status != Acad::eOk) return status;
   }
   return SetFields(index, fields);
+}
+
+Acad::ErrorStatus Drawing::CheckPipes(std::span<const FieldsOfPipe> pipes) const {
+  for (const FieldsOfPipe& pipe : pipes) {
+    Acad::ErrorStatus status = CheckPipe(pipe.entity);
+    if (status == Acad::eOk) status = CheckFields(pipe.fields);
+    if (status == Acad::eOk) {
+      status = CheckDataSize(WithFields(Entity(pipe.entity).tags, pipe.fields, data_.dialect));
+    }
+    if (status != Acad::eOk) return status;
+  }
+  return Acad::eOk;
+}
+
+Acad::ErrorStatus Drawing::MakePipes(std::span<const FieldsOfPipe> pipes) {
+  const Acad::ErrorStatus checked = CheckPipes(pipes);
+  if (checked != Acad::eOk) return checked;
+  const StepScope scope(*this);
+  for (const FieldsOfPipe& pipe : pipes) {
+    const Acad::ErrorStatus status = MakePipe(pipe.entity, pipe.fields);
+    if (status != Acad::eOk) return status;
+  }
+  return Acad::eOk;
 }
 
 Acad::ErrorStatus Drawing::SetDiameter(std::int32_t index, double diameter) {
