@@ -3,27 +3,11 @@
 
 #include <exception>
 
-#include "host/drawing/drawing.h"
+#include "desktop/undo_step.h"
 #include "host/runtime/command_line.h"
 #include "host/runtime/command_stack.h"
 
 namespace zwt {
-
-namespace {
-
-/// Makes all changes of the working drawing while it lives one step.
-class UndoStep {
- public:
-  UndoStep() : drawing_(WorkingDrawing()) { drawing_.BeginStep(); }
-  UndoStep(const UndoStep&) = delete;
-  UndoStep& operator=(const UndoStep&) = delete;
-  ~UndoStep() { drawing_.EndStep(); }
-
- private:
-  Drawing& drawing_;
-};
-
-}  // namespace
 
 void CommandSession::Run(const CString& name) {
   if (running_) return;

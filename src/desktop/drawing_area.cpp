@@ -163,6 +163,9 @@ void DrawingArea::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Enter:
       if (Tool() != nullptr) Tool()->Enter();
       break;
+    case Qt::Key_Delete:
+      if (onDelete) onDelete();
+      break;
     case Qt::Key_Escape:
       if (Tool() != nullptr) Tool()->Escape();
       break;

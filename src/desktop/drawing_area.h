@@ -30,6 +30,8 @@ class DrawingArea : public QWidget {
 
   /// Called with what is typed while the drawing has the keys: it belongs on the command line.
   std::function<void(const QString&)> onTyped;
+  /// Called for the delete key.
+  std::function<void()> onDelete;
   /// Called with the place under the pointer.
   std::function<void(const QPointF&)> onPointed;
 

@@ -3,7 +3,6 @@
 
 #include <QCloseEvent>
 #include <QCoreApplication>
-#include <QDockWidget>
 #include <QDropEvent>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -38,6 +37,7 @@ MainWindow::MainWindow()
       pane_(new CommandPane(this)),
       area_(new DrawingArea(scene_, this)),
       layers_(new LayerView(scene_, this)),
+      edits_(*area_, scene_, this),
       editor_(*area_, scene_, *pane_, waits_),
       files_(document_, presenter_, settings_, this),
       reports_(document_),
@@ -76,7 +76,13 @@ void MainWindow::MakeCommandLine() {
   dock->setWidget(pane_);
   addDockWidget(Qt::BottomDockWidgetArea, dock);
   pane_->Input().onEntered = [this](const QString& line) { Enter(line); };
-  pane_->Input().onEscape = [this] { editor_.Escape(); };
+  pane_->Input().onEscape = [this] {
+    if (editor_.IsAsking()) {
+      editor_.Escape();
+    } else if (!session_.IsRunning()) {
+      edits_.Escape();
+    }
+  };
   area_->onTyped = [this](const QString& text) {
     pane_->Input().setFocus();
     pane_->Input().insert(text);
@@ -99,6 +105,10 @@ void MainWindow::MakeEditMenu() {
   redo_ = menu->addAction(QStringLiteral("重做(&R)"), this, [this] { document_.Contents().Redo(); });
   redo_->setObjectName(QStringLiteral("editRedo"));
   redo_->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Y), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)});
+  menu->addSeparator();
+  edits_.AddTo(*menu);
+  edits_.onPrompt = [this](const QString& prompt) { pane_->SetPrompt(prompt); };
+  edits_.onNote = [this](const CString& text) { pane_->Print(text); };
 }
 
 void MainWindow::MakeViewMenu() {
@@ -107,20 +117,33 @@ void MainWindow::MakeViewMenu() {
       menu->addAction(QStringLiteral("显示全图(&E)"), area_, [this] { area_->ZoomToExtents(); });
   extents->setShortcut(Qt::Key_F6);
   extents->setObjectName(QStringLiteral("viewExtents"));
-  auto* dock = new QDockWidget(QStringLiteral("图层"), this);
-  dock->setObjectName(QStringLiteral("layers"));
-  dock->setWidget(layers_);
+  menu->addSeparator();
+  QDockWidget* properties = AddSideDock(QStringLiteral("特性"), "properties", &edits_.Properties(), *menu);
+  QDockWidget* layers = AddSideDock(QStringLiteral("图层"), "layers", layers_, *menu);
+  QDockWidget* findings = AddSideDock(QStringLiteral("检查"), "findings", &edits_.Findings(), *menu);
+  tabifyDockWidget(properties, layers);
+  tabifyDockWidget(layers, findings);
+  properties->raise();
+}
+
+QDockWidget* MainWindow::AddSideDock(const QString& title, const char* name, QWidget* content, QMenu& menu) {
+  auto* dock = new QDockWidget(title, this);
+  dock->setObjectName(QLatin1String(name));
+  dock->setWidget(content);
   addDockWidget(Qt::RightDockWidgetArea, dock);
-  menu->addAction(dock->toggleViewAction());
+  menu.addAction(dock->toggleViewAction());
+  return dock;
 }
 
 void MainWindow::FollowDocument() {
   document_.onReplaced = [this] {
     scene_.Forget();
+    edits_.Reset();
     FollowDrawing();
   };
   document_.onChanged = [this] {
     scene_.Forget();
+    edits_.Follow();
     FollowDrawing();
   };
   document_.onRefused = [this](const CString& message) { pane_->Print(L"\n" + message); };
@@ -213,9 +236,9 @@ void MainWindow::RestoreWindow() {
     constexpr int kHeight = 800;
     constexpr int kCommandLineHeight = 130;
     resize(kWidth, kHeight);
-    constexpr int kSideWidth = 240;
+    constexpr int kSideWidth = 280;
     resizeDocks({findChild<QDockWidget*>(QStringLiteral("commandLine"))}, {kCommandLineHeight}, Qt::Vertical);
-    resizeDocks({findChild<QDockWidget*>(QStringLiteral("layers"))}, {kSideWidth}, Qt::Horizontal);
+    resizeDocks({findChild<QDockWidget*>(QStringLiteral("properties"))}, {kSideWidth}, Qt::Horizontal);
   }
   restoreState(settings_.WindowLayout());
 }
@@ -226,6 +249,7 @@ void MainWindow::FollowSession() {
     action->setEnabled(!running && CommandStack().lookupCommand(name) != nullptr);
   }
   files_.SetEnabled(!running);
+  edits_.SetEnabled(!running);
   FollowDrawing();
   state_->setText(running ? QStringLiteral("正在执行 %1").arg(ToQt(session_.LastCommand()))
                           : QStringLiteral("就绪"));
@@ -246,6 +270,8 @@ bool MainWindow::RunOwnCommand(const QString& name) {
       {QStringLiteral("U"), [this] { document_.Contents().Undo(); }},
       {QStringLiteral("UNDO"), [this] { document_.Contents().Undo(); }},
       {QStringLiteral("REDO"), [this] { document_.Contents().Redo(); }},
+      {QStringLiteral("PIPE"), [this] { edits_.BeginDrawing(); }},
+      {QStringLiteral("ERASE"), [this] { area_->onDelete(); }},
       {QStringLiteral("ZE"), [this] { area_->ZoomToExtents(); }},
   };
   const auto found = commands.find(name);
@@ -260,6 +286,10 @@ void MainWindow::Enter(const QString& line) {
     return;
   }
   if (session_.IsRunning()) return;
+  if (edits_.IsDrawing()) {
+    edits_.EndDrawing();
+    if (line.isEmpty()) return;
+  }
   const CString name = line.isEmpty() ? session_.LastCommand() : FromQt(line.toUpper());
   if (name.empty()) return;
   pane_->Print(L"\n命令：" + name);

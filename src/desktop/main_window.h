@@ -3,6 +3,7 @@
 // panels, answers questions in the drawing, prints what commands print and takes their reports.
 #pragma once
 
+#include <QDockWidget>
 #include <QLabel>
 #include <QMainWindow>
 #include <map>
@@ -14,6 +15,7 @@
 #include "desktop/desktop_reports.h"
 #include "desktop/document.h"
 #include "desktop/drawing_area.h"
+#include "desktop/drawing_edits.h"
 #include "desktop/drawing_scene.h"
 #include "desktop/file_actions.h"
 #include "desktop/layer_view.h"
@@ -44,6 +46,7 @@ class MainWindow : public QMainWindow {
   Document& GetDocument() { return document_; }
   FileActions& Files() { return files_; }
   DesktopReports& Reports() { return reports_; }
+  DrawingEdits& Edits() { return edits_; }
   LayerView& Layers() { return *layers_; }
   /// The menu and tool bar entry of a command, null for a name of no discipline.
   QAction* ActionOf(const CString& command) const;
@@ -63,6 +66,7 @@ class MainWindow : public QMainWindow {
   void MakeFileMenu();
   void MakeEditMenu();
   void MakeViewMenu();
+  QDockWidget* AddSideDock(const QString& title, const char* name, QWidget* content, QMenu& menu);
   void FollowDocument();
   void MakeCommandActions();
   void MakeHelpMenu();
@@ -83,6 +87,7 @@ class MainWindow : public QMainWindow {
   CommandPane* pane_;
   DrawingArea* area_;
   LayerView* layers_;
+  DrawingEdits edits_;
   DesktopEditor editor_;
   FileActions files_;
   DesktopReports reports_;

@@ -1,5 +1,6 @@
 // Takes pictures of the main window and of every panel that can be reached from a command: as it opens, and
 // with results. Panels are worked as a user would: fields filled, buttons pressed, inner panels visited.
+// Commands that work on a drawing get one of the examples, and their questions in it are answered.
 //   desktop_pictures FOLDER
 #include <QAbstractButton>
 #include <QApplication>
@@ -13,6 +14,7 @@
 #include "desktop/look.h"
 #include "desktop/main_window.h"
 #include "desktop/qt_text.h"
+#include "desktop/select_tool.h"
 #include "host/runtime/command_stack.h"
 #include "host/runtime/module_runtime.h"
 
@@ -27,6 +29,8 @@ class Photographer {
       Take(box, QStringLiteral("message"));
       box.accept();
     };
+    window_.Editor().onAsking = [this] { Answer(); };
+    window_.Reports().open = [](const std::filesystem::path&) {};
     window_.Panels().onProgressShown = [this](PanelWindow& progress) { Take(progress, NameOf(progress)); };
   }
 
@@ -37,7 +41,39 @@ class Photographer {
     widget.grab().save(folder_.filePath(name + suffix + QStringLiteral(".png")));
   }
 
+  /// Opens the example that a command works on, without asking for the changes to the one before.
+  void OpenExampleFor(const CString& command) {
+    const std::map<CString, const char*> examples = {{L"ZWTGSJS", "dwelling-18-storeys.dxf"},
+                                                     {L"ZWTGSCS", "dwelling-18-storeys.dxf"},
+                                                     {L"ZWTPSJS", "drainage-stack.dxf"},
+                                                     {L"ZWTXFJS", "hydrants-6-risers.dxf"}};
+    const auto found = examples.find(command);
+    if (found == examples.end()) return;
+    window_.GetDocument().Contents().MarkSaved();
+    window_.Files().OpenFile(QStringLiteral(ZWT_SOURCE_DIR "/examples/") + QLatin1String(found->second));
+  }
+
  private:
+  /// The first question of a command asks for pipes: a picture of what lights up, then all of them, or the
+  /// one at the lower left end where just one is asked for. Looking around ends at once.
+  void Answer() {
+    DrawingArea& area = window_.Area();
+    auto* tool = dynamic_cast<SelectTool*>(area.Tool());
+    if (tool == nullptr) {
+      window_.Editor().TakeLine({});
+      return;
+    }
+    QTest::mouseMove(&area, area.View().ToPixel(0, 1500).toPoint());
+    tool->PickAll();
+    Take(window_, QStringLiteral("select-") + ToQt(window_.Session().LastCommand()));
+    if (!window_.Editor().IsAsking() || tool->Picked().empty()) {
+      const QPoint mainEnd = area.View().ToPixel(-3000, -1000).toPoint();
+      QTest::mouseClick(&area, Qt::LeftButton, Qt::NoModifier, mainEnd);
+    } else {
+      window_.Editor().TakeLine({});
+    }
+  }
+
   static QString NameOf(const PanelWindow& panel) {
     return QStringLiteral("panel%1").arg(panel.Panel().Shape().resource);
   }
@@ -99,8 +135,13 @@ int TakeAll(const QString& folder) {
   if (!QTest::qWaitForWindowExposed(&window)) return 2;
   Photographer photographer(window, QDir(folder));
   const auto commands = CommandStack().commands();
-  for (const AcEdCommand& command : commands) window.Enter(ToQt(command.name));
+  for (const AcEdCommand& command : commands) {
+    photographer.OpenExampleFor(command.name);
+    window.Enter(ToQt(command.name));
+  }
+  photographer.OpenExampleFor(L"ZWTGSJS");
   photographer.Take(window, QStringLiteral("main"));
+  window.GetDocument().Contents().MarkSaved();
   return 0;
 }
 

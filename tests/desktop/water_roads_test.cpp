@@ -6,7 +6,6 @@
 
 #include "desktop/grid_table.h"
 #include "drawing_desk.h"
-#include "fire/hydrant_drawing.h"
 #include "host/dxf/dxf_file.h"
 
 namespace zwt::test {
@@ -286,13 +285,8 @@ TEST_F(WaterRoadsTest, BranchDataOfSeveralBranchesAtOnce) {
 }
 
 TEST_F(WaterRoadsTest, HydrantsFromTheMenuToTheSavedDrawing) {
-  testing_rings::DrawHydrants({});
-  desk.Window().Files().askWhereToSave = [&](const QString&) {
-    return ToQt(TextFromPath(desk.Folder() / "ring.dxf"));
-  };
-  Save();
-  desk.Area().ZoomToExtents();
-  desk.AtQuestion([&] { desk.ClickAt(-2500, 0); });
+  const std::filesystem::path file = desk.Open("examples/hydrants-6-risers.dxf");
+  desk.AtQuestion([&] { desk.ClickAt(-3000, -1000); });
   int progressShown = 0;
   desk.Window().Panels().onProgressShown = [&](PanelWindow&) { ++progressShown; };
   desk.InPanel([&](PanelWindow& panel) {
@@ -322,7 +316,7 @@ TEST_F(WaterRoadsTest, HydrantsFromTheMenuToTheSavedDrawing) {
   EXPECT_TRUE(desk.AllDone());
   for (const CString& message : desk.messages) ADD_FAILURE() << Utf8FromWide(message);
   Save();
-  const auto saved = ReadDrawing(desk.Folder() / "ring.dxf");
+  const auto saved = ReadDrawing(file);
   std::int32_t sized = 0;
   for (const std::int32_t pipe : saved->Pipes()) sized += saved->Diameter(pipe) > 0 ? 1 : 0;
   EXPECT_GT(sized, 0);

@@ -135,6 +135,9 @@ class Drawing {
   Acad::ErrorStatus MakePipes(std::span<const FieldsOfPipe> pipes);
   /// Whether MakePipes would take these; what refuses is told to the observers.
   Acad::ErrorStatus CheckPipes(std::span<const FieldsOfPipe> pipes) const;
+  /// Moves one end of a pipe that is a single straight line. Not of that kind where it is none; refused where
+  /// a coordinate is no number or beyond 1e15.
+  Acad::ErrorStatus MoveLineEnd(std::int32_t index, bool atStart, const AcGePoint3d& point);
   Acad::ErrorStatus SetLayer(std::int32_t index, AcDbObjectId layer, bool allowHidden);
 
   /// Layers and text styles by name, made where they are missing.

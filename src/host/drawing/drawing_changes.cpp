@@ -123,12 +123,16 @@ void Drawing::Apply(const Change& change, bool forward) {
   } else {
     EntityRecord& entity = data_.entities[at];
     const bool wasPipe = entity.pipe >= 0;
+    const PipeRecord before = wasPipe ? PipeOf(change.index) : PipeRecord();
     const bool sameLife = entity.alive == state.alive;
     entity.tags = state.tags;
     entity.alive = state.alive;
     DecodeEntity(change.index);
     const bool isPipe = entity.pipe >= 0;
-    if (wasPipe != isPipe || (isPipe && !sameLife)) connections_.reset();
+    const bool moved =
+        wasPipe && isPipe &&
+        !(before.start == PipeOf(change.index).start && before.end == PipeOf(change.index).end);
+    if (wasPipe != isPipe || (isPipe && !sameLife) || moved) connections_.reset();
   }
 }
 
@@ -256,6 +260,16 @@ Acad::ErrorStatus Drawing::SetLayer(std::int32_t index, AcDbObjectId layer, bool
   if (data_.layers[static_cast<std::size_t>(target)].isHidden && !allowHidden) return Acad::eHiddenLayer;
   if (Entity(index).layer == target) return Acad::eOk;
   ChangeEntity(index, {Keep(WithLayer(Entity(index).tags, LayerBytes(layer), data_.dialect)), true});
+  Notify(Describe(DrawingChange::Kind::Modify, index));
+  return Acad::eOk;
+}
+
+Acad::ErrorStatus Drawing::MoveLineEnd(std::int32_t index, bool atStart, const AcGePoint3d& point) {
+  const EntityRecord& entity = Entity(index);
+  if (!entity.alive) return Acad::eWasErased;
+  if (entity.pipe < 0 || entity.type != EntityType::Line) return Acad::eNotThatKindOfClass;
+  if (!IsInReach(point)) return Acad::eInvalidInput;
+  ChangeEntity(index, {Keep(WithLineEnd(entity.tags, atStart, point, data_.dialect)), true});
   Notify(Describe(DrawingChange::Kind::Modify, index));
   return Acad::eOk;
 }

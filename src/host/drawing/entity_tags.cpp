@@ -301,6 +301,32 @@ std::string WithLayer(std::string_view entity, std::string_view layer, const Dia
   return Inserted(bytes, PlaceForLayer(tags), group.Take(), dialect);
 }
 
+std::string WithLineEnd(std::string_view entity, bool atStart, const AcGePoint3d& point,
+                        const Dialect& dialect) {
+  const std::int32_t first = atStart ? 10 : 11;
+  std::string bytes(entity);
+  std::int32_t code = first;
+  for (const double value : {point.x, point.y, point.z}) {
+    const std::vector<PlacedTag> tags = PlaceTags(bytes);
+    const auto own = tags.begin() + static_cast<std::ptrdiff_t>(OwnCount(tags));
+    const auto isCode = [code](const PlacedTag& placed) { return placed.tag.code == code; };
+    const auto found = std::find_if(tags.begin(), own, isCode);
+    if (found != own) {
+      const auto at = static_cast<std::size_t>(found->tag.value.data() - bytes.data());
+      bytes.replace(at, found->tag.value.size(), RealText(value));
+    } else if (value != 0) {
+      const auto before = std::find_if(
+          tags.begin(), own, [code](const PlacedTag& placed) { return placed.tag.code == code - 10; });
+      if (before == own) return std::string(entity);
+      TagWriter group(dialect.lineEnd);
+      group.Real(code, value);
+      bytes = Inserted(bytes, before->end, group.Take(), dialect);
+    }
+    code += 10;
+  }
+  return bytes;
+}
+
 DataSize MeasureExtendedData(std::string_view entity) {
   DataSize size;
   TagReader reader(entity);

@@ -84,6 +84,10 @@ std::string WithFields(std::string_view entity, const FieldList& fields, const D
 /// Tags of an entity, and of what belongs to it, on another layer (its name as written).
 std::string WithLayer(std::string_view entity, std::string_view layer, const Dialect& dialect);
 
+/// Tags of a LINE with one of its ends moved.
+std::string WithLineEnd(std::string_view entity, bool atStart, const AcGePoint3d& point,
+                        const Dialect& dialect);
+
 /// Bytes that the extended data of an entity take, and the longest text in it.
 struct DataSize {
   std::size_t total = 0;
