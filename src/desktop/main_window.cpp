@@ -64,6 +64,8 @@ MainWindow::MainWindow()
 }
 
 MainWindow::~MainWindow() {
+  // A field that loses the focus with the window finds nothing left to change.
+  edits_.Select({});
   SetPresenter(presenterBefore_);
   SetCommandLine(lineBefore_);
 }

@@ -1,4 +1,5 @@
 // Selecting, properties, drawing pipes, checking: with mouse and keys.
+#include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QPushButton>
 
@@ -26,7 +27,9 @@ class DrawingEditsTest : public testing::Test {
     QLineEdit* field = desk.Window().Edits().Properties().FieldOf(key)->lineEdit();
     QTest::mouseClick(field, Qt::LeftButton);
     QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
-    QTest::keyClicks(field, QString::fromUtf8(text));
+    QInputMethodEvent typed;  // as Chinese is typed
+    typed.setCommitString(QString::fromUtf8(text));
+    QCoreApplication::sendEvent(field, &typed);
     QTest::keyClick(field, Qt::Key_Return);
     QCoreApplication::processEvents();
   }
@@ -135,8 +138,8 @@ TEST_F(DrawingEditsTest, FromBareLinesToACalculatedRiserByMouseAndKeysAlone) {
   EXPECT_TRUE(desk.AllDone());
   desk.Window().findChild<QAction*>(QStringLiteral("fileSave"))->trigger();
   const auto saved = ReadDrawing(file);
-  EXPECT_EQ(saved->Diameter(0), 20);
-  EXPECT_EQ(saved->Diameter(2), 20);
+  EXPECT_EQ(saved->Diameter(0), 40);  // 0.59 L/s
+  EXPECT_EQ(saved->Diameter(2), 32);  // 0.41 L/s
 }
 
 TEST_F(DrawingEditsTest, MakingPipesIsOneStep) {

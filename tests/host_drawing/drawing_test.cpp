@@ -160,6 +160,31 @@ TEST(Drawing, RefusesPlacesThatNoFileCanHold) {
   EXPECT_FALSE(drawing.IsModified());
 }
 
+TEST(Drawing, MovedEndIsFoundByWhatConnectsAndByUndo) {
+  Drawing drawing;
+  const std::int32_t lower = drawing.IndexOf(AddRiser(drawing, 0));
+  const std::int32_t upper = drawing.IndexOf(AddRiser(drawing, 3005));
+  EXPECT_TRUE(drawing.GetConnections().ConnectedTo(lower).empty());
+  EXPECT_EQ(drawing.MoveLineEnd(upper, true, {0, 0, 3000}), Acad::eOk);
+  EXPECT_EQ(drawing.PipeOf(upper).start, (AcGePoint3d{0, 0, 3000}));
+  EXPECT_EQ(drawing.PipeOf(upper).end, (AcGePoint3d{0, 0, 6005}));
+  EXPECT_EQ(drawing.PipeOf(upper).length, 3005);
+  EXPECT_THAT(drawing.GetConnections().ConnectedTo(lower), ElementsAre(upper));
+  drawing.Undo();
+  EXPECT_EQ(drawing.PipeOf(upper).start, (AcGePoint3d{0, 0, 3005}));
+  EXPECT_TRUE(drawing.GetConnections().ConnectedTo(lower).empty());
+}
+
+TEST(Drawing, MovesNoEndOfWhatIsNoStraightPipe) {
+  Drawing drawing;
+  const std::int32_t line = drawing.IndexOf(drawing.AddLine({0, 0, 0}, {1, 0, 0}));
+  const std::int32_t pipe = drawing.IndexOf(AddRiser(drawing, 0));
+  EXPECT_EQ(drawing.MoveLineEnd(line, true, {}), Acad::eNotThatKindOfClass);
+  EXPECT_EQ(drawing.MoveLineEnd(pipe, true, {1e16, 0, 0}), Acad::eInvalidInput);
+  drawing.Erase(pipe);
+  EXPECT_EQ(drawing.MoveLineEnd(pipe, true, {}), Acad::eWasErased);
+}
+
 TEST(Drawing, LayersAndStylesAreFoundWithoutRegardToCase) {
   Drawing drawing;
   const AcDbObjectId layer = drawing.InitLayer(L"Pipe");

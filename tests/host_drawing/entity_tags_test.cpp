@@ -127,4 +127,19 @@ TEST(EntityTags, TheLayerChangesOnVerticesToo) {
             "  0\nTEXT\n  5\n1\n330\nF\n100\nAcDbEntity\n  8\nN\n100\nAcDbText\n");
 }
 
+TEST(EntityTags, MovedEndReplacesItsNumbersAlone) {
+  EXPECT_EQ(
+      zwt::WithLineEnd(WithData("1000\nKind\n1000\n0\n"), false, {7.5, -2, 0}, Dialect{}),
+      "  0\nLINE\n  5\n2A\n  8\nPIPE\n 10\n0\n 20\n0\n 30\n0\n 11\n7.5\n 21\n-2.0\n 31\n0.0\n1001\nZWT_PIPE\n"
+      "1000\nKind\n1000\n0\n");
+}
+
+TEST(EntityTags, HeightOfAMovedEndIsAddedOnlyWhereItIsNeeded) {
+  const std::string flat = "  0\nLINE\n 10\n0\n 20\n0\n 11\n1\n 21\n0\n";
+  EXPECT_EQ(zwt::WithLineEnd(flat, true, {1, 2, 0}, Dialect{}),
+            "  0\nLINE\n 10\n1.0\n 20\n2.0\n 11\n1\n 21\n0\n");
+  EXPECT_EQ(zwt::WithLineEnd(flat, true, {1, 2, 3}, Dialect{}),
+            "  0\nLINE\n 10\n1.0\n 20\n2.0\n 30\n3.0\n 11\n1\n 21\n0\n");
+}
+
 }  // namespace
