@@ -7,6 +7,7 @@
 #include <nlohmann/json.hpp>
 
 #include "cli/control_state.h"
+#include "cli/explanation.h"
 #include "cli/json_layout.h"
 #include "cli/text_table.h"
 #include "cli/verbs.h"
@@ -177,13 +178,15 @@ std::string ResultTable(const CDialog& panel, const std::vector<const CWnd*>& co
   return TextTable(values) + tables;
 }
 
-Json ResultJson(const CDialog& panel, const std::vector<const CWnd*>& controls) {
+Json ResultJson(const CDialog& panel, const std::vector<const CWnd*>& controls, bool explain) {
   Json results = Json::array();
   for (const CWnd* control : controls) {
     Json line;
     line["control"] = ControlKey(*control);
     line["label"] = Utf8FromWide(control->Label());
     line.update(ControlState(*control));
+    Json explanation = explain ? ExplanationJson(*control) : Json(nullptr);
+    if (!explanation.is_null()) line["explanation"] = std::move(explanation);
     results.push_back(std::move(line));
   }
   return {{"panel", panel.Shape().resource},
@@ -296,7 +299,9 @@ void BatchCalculation::Confirm(CDialog& panel) {
 
 void BatchCalculation::Collect(const CDialog& panel, const std::vector<const CWnd*>& controls) {
   result_.table = ResultTable(panel, controls);
-  result_.json = LayOutJson(ResultJson(panel, controls)) + '\n';
+  result_.json = LayOutJson(ResultJson(panel, controls, request_.explain)) + '\n';
+  if (!request_.explain) return;
+  for (const CWnd* control : controls) result_.table += ExplanationText(*control);
 }
 
 void BatchCalculation::PressByLabel(CDialog& panel, const std::vector<CString>& labels,

@@ -17,11 +17,12 @@ namespace zwt {
 struct BatchRequest {
   std::vector<std::pair<CString, CString>> values;  // control and text, in order
   bool annotate = false;
-  bool report = false;  // press the button that writes one
+  bool report = false;   // press the button that writes one
+  bool explain = false;  // tell how the results were computed
 };
 
 struct BatchResult {
-  /// The results as a table for terminals.
+  /// The results as a table for terminals, and behind it how they were computed.
   std::string table;
   /// {"panel", "title", "results": [{"control", "label", and the state}]} as text.
   std::string json;

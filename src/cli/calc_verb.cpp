@@ -27,6 +27,7 @@ struct CalcOptions {
   std::string report;
   bool annotate = false;
   bool pdf = false;
+  bool explain = false;
   bool asJson = false;
 };
 
@@ -40,6 +41,7 @@ CalcRequest Sort(const CalcOptions& options) {
   CalcRequest request;
   request.batch.annotate = options.annotate;
   request.batch.report = !options.report.empty();
+  request.batch.explain = options.explain;
   for (const std::string& argument : options.arguments) {
     const std::size_t equals = argument.find('=');
     if (equals != std::string::npos) {
@@ -123,6 +125,7 @@ void AddCalcVerb(CLI::App& program, const Streams& streams) {
   verb->add_option("--report", options->report, "Where the report is written, a new .docx");
   verb->add_flag("--annotate", options->annotate, "Annotate the diameters in the drawing");
   verb->add_flag("--pdf", options->pdf, "Write the report as PDF as well, with LibreOffice");
+  verb->add_flag("--explain", options->explain, "Tell how each result was computed");
   verb->add_flag("--json", options->asJson, "Print JSON");
   verb->callback([options, streams] { Calculate(*options, streams); });
 }

@@ -4,6 +4,7 @@
 #include <nlohmann/json.hpp>
 
 #include "cli/control_state.h"
+#include "cli/explanation.h"
 #include "cli/json_layout.h"
 #include "host/text/wide_text.h"
 
@@ -29,7 +30,7 @@ std::string TextsOf(const CDialog& panel) {
 
 }  // namespace
 
-EventLog::EventLog() : events_(std::make_unique<Json>(Json::array())) {}
+EventLog::EventLog(bool explains) : explains_(explains), events_(std::make_unique<Json>(Json::array())) {}
 
 EventLog::~EventLog() = default;
 
@@ -64,7 +65,11 @@ void EventLog::Read(const CDialog& panel, const std::vector<const CWnd*>& contro
   Json values = Json::object();
   for (const CWnd* control : controls) {
     const std::string key = ControlKey(*control);
-    if (!key.empty() && !values.contains(key)) values[key] = ControlState(*control);
+    if (key.empty() || values.contains(key)) continue;
+    Json& state = values[key] = ControlState(*control);
+    if (!explains_) continue;
+    Json explanation = ExplanationJson(*control);
+    if (!explanation.is_null()) state["explanation"] = std::move(explanation);
   }
   Json event = Event("read");
   event["panel"] = panel.Shape().resource;

@@ -15,7 +15,8 @@ namespace zwt {
 
 class EventLog {
  public:
-  EventLog();
+  /// With explanations, what is read tells how it was computed.
+  explicit EventLog(bool explains = false);
   EventLog(const EventLog&) = delete;
   EventLog& operator=(const EventLog&) = delete;
   ~EventLog();
@@ -46,6 +47,7 @@ class EventLog {
   void Entity(const char* event, std::string_view handle, const CString& type, const CString& layer,
               const CString* text);
 
+  bool explains_;
   std::unique_ptr<nlohmann::ordered_json> events_;
 };
 

@@ -252,16 +252,23 @@ std::optional<std::string> ReadPath(const JsonNode& script, std::string_view key
   return path;
 }
 
+/// True or false; false without the key.
+bool ReadSwitch(const JsonNode& script, std::string_view key) {
+  const JsonNode* node = script.Find(key);
+  if (node == nullptr) return false;
+  if (node->kind != JsonNode::Kind::kBoolean)
+    throw ScriptError(PointerTo("", key), "true or false is expected");
+  return node->boolean;
+}
+
 }  // namespace
 
 RunScript ReadRunScript(std::string_view bytes) {
   const JsonNode tree = ReadJson(bytes);
-  RequireKnownKeys(RequireObject(tree, ""), "", {"drawing", "main-dir", "steps", "save", "report-dir"});
-  RunScript script{ReadPath(tree, "drawing"),
-                   ReadPath(tree, "main-dir"),
-                   ReadPath(tree, "save"),
-                   ReadPath(tree, "report-dir"),
-                   {}};
+  RequireKnownKeys(RequireObject(tree, ""), "",
+                   {"drawing", "main-dir", "steps", "save", "report-dir", "explain"});
+  RunScript script{ReadPath(tree, "drawing"),    ReadPath(tree, "main-dir"),  ReadPath(tree, "save"),
+                   ReadPath(tree, "report-dir"), ReadSwitch(tree, "explain"), {}};
   const JsonNode* steps = tree.Find("steps");
   if (steps == nullptr) throw ScriptError("", "\"steps\" is missing");
   const auto& items = RequireArray(*steps, "/steps").items;

@@ -95,6 +95,7 @@ struct RunScript {
   std::optional<std::string> mainDirectory;
   std::optional<std::string> save;
   std::optional<std::string> reportDirectory;
+  bool explain = false;  // results tell how they were computed
   std::vector<CommandStep> steps;
 };
 

@@ -40,8 +40,9 @@ void WriteReports(const ReportCollector& reports, const std::optional<RunPath>& 
 /// The presenter, the front end and the desk of one run, in force together.
 class Players {
  public:
-  Players(Drawing& drawing, const std::optional<RunPath>& reportDirectory)
-      : panels_(log_),
+  Players(Drawing& drawing, const std::optional<RunPath>& reportDirectory, bool explain)
+      : log_(explain),
+        panels_(log_),
         inForce_(panels_),
         editor_(drawing, log_, [this] { return panels_.NextPoint(); }),
         reports_(reportDirectory ? reportDirectory->path : "",
@@ -76,7 +77,7 @@ class Players {
 std::string PlayScript(const RunScript& script, const RunPaths& paths) {
   RequireFolder(paths.reportDirectory);
   HostSession session(paths.mainDirectory, paths.drawing);
-  Players players(session.GetDrawing(), paths.reportDirectory);
+  Players players(session.GetDrawing(), paths.reportDirectory, script.explain);
   for (const CommandStep& step : script.steps) players.Play(step);
   WriteReports(players.Reports(), paths.reportDirectory);
   if (paths.save) session.Save(*paths.save);

@@ -98,12 +98,12 @@ class SectionLaw {
                      .formula = L"1.736·10^-9·K·L / D^5.3",
                      .substitution = WithNumbers(L"1.736 × 10^-9 × # × # × 0.001 / #^5.3",
                                                  {steps.correction, section.length, metres}),
-                     .result = FormatBound(steps.resistance) + L" mH2O/(L/s)²",
+                     .result = TraceNumber(steps.resistance) + L" mH2O/(L/s)²",
                      .source = kLaw});
     trace.push_back({.subject = L"导水系数 c",
                      .formula = L"1 / (S·|q|)",
                      .substitution = WithNumbers(L"1 / (# × |#|)", {steps.resistance, section.flow}),
-                     .result = FormatBound(section.conductance) + L" (L/s)/mH2O"});
+                     .result = TraceNumber(section.conductance) + L" (L/s)/mH2O"});
   }
 
   std::array<MainDiameter, kMainDiameters.size()> diameters_ = MakeMainDiameters();

@@ -10,7 +10,9 @@ TEST(Trace, NumbersTakeTheirPlacesInOrder) {
   EXPECT_EQ(WithNumbers(L"0.2 × # × #", {0.5, 4}), L"0.2 × 0.5 × 4");
 }
 
-TEST(Trace, SumsShowNoMoreDigitsThanPeopleRead) {
+TEST(Trace, NumbersShowNoMoreDigitsThanPeopleRead) {
+  EXPECT_EQ(TraceNumber(0.269184757591732), L"0.269185");
+  EXPECT_EQ(TraceNumber(1.5e-7), L"1.5e-07");
   EXPECT_EQ(WithNumbers(L"#", {0.1 + 0.2}), L"0.3");
 }
 

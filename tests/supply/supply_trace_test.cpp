@@ -43,7 +43,7 @@ TEST_F(SupplyTraceTest, DwellingSectionStepByStep) {
       L"最大用水时平均出流概率 U0：100·q0·m·Kh / (0.2·Ng·T·3600) = 100 × 250 × 7 × 2.8 / (0.2 × 4 × 24 × "
       L"3600) = 7.089 %  [GB 50015-2003 第3.6.4条]");
   EXPECT_EQ(TraceLine(trace[1]),
-            L"系数 αc：按最接近 U0 = 7.08912037037037 % 的一行取值 = 0.05555  [GB 50015-2003 附录C]");
+            L"系数 αc：按最接近 U0 = 7.08912 % 的一行取值 = 0.05555  [GB 50015-2003 附录C]");
   EXPECT_EQ(trace[2].result, L"0.55");
   EXPECT_EQ(trace[3].formula, L"0.2·U·Ng");
   EXPECT_EQ(trace[3].result, L"0.44 L/s");

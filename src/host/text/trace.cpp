@@ -1,15 +1,24 @@
 #include "host/text/trace.h"
 
-#include "host/text/number_text.h"
+#include <array>
+#include <charconv>
 
 namespace zwt {
+
+CString TraceNumber(double value) {
+  constexpr int kDigits = 6;
+  std::array<char, 32> text{};
+  const auto end =
+      std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::general, kDigits).ptr;
+  return {text.data(), end};
+}
 
 CString WithNumbers(std::wstring_view pattern, std::initializer_list<double> numbers) {
   CString text;
   const double* number = numbers.begin();
   for (const wchar_t c : pattern) {
     if (c == L'#' && number != numbers.end()) {
-      text += FormatBound(*number);
+      text += TraceNumber(*number);
       ++number;
     } else {
       text += c;

@@ -22,8 +22,11 @@ struct TraceStep {
 
 using Trace = std::vector<TraceStep>;
 
-/// A pattern with each "#" replaced by the next number, in the form of a bound number. Of numbers and places
-/// the fewer count.
+/// A number that was put in or found on the way, with at most six significant digits: as much as a reader
+/// takes in.
+CString TraceNumber(double value);
+
+/// A pattern with each "#" replaced by the next number. Of numbers and places the fewer count.
 CString WithNumbers(std::wstring_view pattern, std::initializer_list<double> numbers);
 
 /// One step on one line: "subject: formula = substitution = result [source]", without what is empty.

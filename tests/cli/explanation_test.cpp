@@ -1,0 +1,84 @@
+// Results that tell how they were computed, from the command line and in scripts.
+#include <gmock/gmock.h>
+#include <nlohmann/json.hpp>
+
+#include "cli/program_call.h"
+
+namespace zwt {
+namespace {
+
+using Json = nlohmann::ordered_json;
+using test::Call;
+using test::Failure;
+using test::Outcome;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::Not;
+
+const char* const kDwelling = ZWT_SOURCE_DIR "/examples/dwelling-18-storeys.dxf";
+const char* const kStack = ZWT_SOURCE_DIR "/examples/drainage-stack.dxf";
+
+std::string Script(const std::string& explain) {
+  return R"({"drawing": ")" + std::string(kDwelling) + R"(", )" + explain +
+         R"("steps": [{"command": "ZWTGSJS", "select": "all", "panel": [{"click": "计    算"}, {"read": [2012, 2147]}]}]})";
+}
+
+/// The grid that a script's first read event holds.
+Json ReadGrid(const std::string& output) {
+  const Json result = Json::parse(output);
+  for (const Json& event : result["events"]) {
+    if (event["event"] == "read") return event["values"]["2012"];
+  }
+  return nullptr;
+}
+
+TEST(Explanation, StandsBehindTheTableRowByRow) {
+  const Outcome outcome = Call({"calc", "ZWTGSJS", kDwelling, "--explain"});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_THAT(
+      outcome.output,
+      HasSubstr("\n1#-18层\n  最大用水时平均出流概率 U0：100·q0·m·Kh / (0.2·Ng·T·3600) = 100 × 250 × 3.5 × "
+                "2.5 / (0.2 × 4 × 24 × 3600) = 3.165 %  [GB 50015-2003 第3.6.4条]\n"));
+  EXPECT_THAT(outcome.output, EndsWith(" = 0.130 mH2O\n"));
+}
+
+TEST(Explanation, IsNotGivenUnasked) {
+  EXPECT_THAT(Call({"calc", "ZWTGSJS", kDwelling}).output, Not(HasSubstr("U0")));
+  const Json grid = ReadGrid(Call({"run", "-"}, Script("")).output);
+  EXPECT_TRUE(grid.contains("cells"));
+  EXPECT_FALSE(grid.contains("explanation"));
+}
+
+TEST(Explanation, PanelsThatTellNothingPrintTheirTableAlone) {
+  const std::vector<std::string> plain = {"calc",      "ZWTGRGS",          "quota=300",
+                                          "users=320", "hourlyFactor=2.2", "hours=24"};
+  std::vector<std::string> asked = plain;
+  asked.emplace_back("--explain");
+  EXPECT_EQ(Call(asked).output, Call(plain).output);
+}
+
+TEST(Explanation, IsPartOfTheJson) {
+  const Json result = Json::parse(Call({"calc", "ZWTPSJS", kStack, "--explain", "--json"}).output);
+  const Json& grid = result["results"][0];
+  ASSERT_TRUE(grid.contains("explanation"));
+  const Json& first = grid["explanation"][0];
+  EXPECT_EQ(first["row"], 1);
+  EXPECT_EQ(first["steps"][0]["subject"], "设计秒流量 qp");
+  EXPECT_EQ(first["steps"][0]["result"], grid["cells"][1][4].get<std::string>() + " L/s");
+}
+
+TEST(Explanation, AScriptAsksForItAsAWhole) {
+  const Json grid = ReadGrid(Call({"run", "-"}, Script(R"("explain": true, )")).output);
+  ASSERT_EQ(grid["explanation"].size(), grid["cells"].size() - 1);
+  for (const Json& row : grid["explanation"]) {
+    const auto index = row["row"].get<std::size_t>();
+    EXPECT_EQ(row["steps"].back()["result"], grid["cells"][index][6].get<std::string>() + " mH2O");
+  }
+}
+
+TEST(Explanation, TheKeyTakesTrueOrFalse) {
+  EXPECT_EQ(Failure({"run", "-"}, Script(R"("explain": 1, )")), "/explain: true or false is expected\n");
+}
+
+}  // namespace
+}  // namespace zwt
