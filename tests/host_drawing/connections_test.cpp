@@ -6,6 +6,7 @@
 #include <gmock/gmock.h>
 
 #include "host/drawing/drawing.h"
+#include "host/dxf/dxf_file.h"
 
 namespace {
 
@@ -104,6 +105,53 @@ TEST(Connections, ErasedPipesDropOutAndUndoBringsThemBack) {
   EXPECT_THAT(lines.ConnectedTo(0), IsEmpty());
   lines.drawing.Undo();
   EXPECT_THAT(lines.ConnectedTo(0), ElementsAre(1));
+}
+
+/// A drawing of polylines (their groups) and straight pipes from point to point.
+std::unique_ptr<Drawing> Polylines(const std::vector<std::string>& polylines) {
+  std::string entities;
+  for (const std::string& groups : polylines) {
+    entities += "0\nLWPOLYLINE\n8\n0\n" + groups + "1001\nZWT_PIPE\n1000\nKind\n1000\n0\n";
+  }
+  return zwt::ParseDrawing("0\nSECTION\n2\nENTITIES\n" + entities + "0\nENDSEC\n0\nEOF\n");
+}
+
+TEST(Connections, APolylineInATiltedPlaneConnectsWhereItLiesInSpace) {
+  // Extruded along -Y: its X is the world's X, its Y the world's Z, and it lies 70 mm towards -Y.
+  const auto drawing = Polylines(
+      {"70\n0\n38\n70\n210\n0\n220\n-1\n230\n0\n10\n0\n20\n0\n10\n0\n20\n3000\n10\n500\n20\n3000\n"});
+  EXPECT_EQ(drawing->PipeOf(0).end, (AcGePoint3d{500, -70, 3000}));
+  const std::int32_t atEnd = drawing->IndexOf(drawing->AddPipe({500, -71, 3000}, {500, -900, 3000}));
+  const std::int32_t between = drawing->IndexOf(drawing->AddPipe({-800, -70, 1500}, {0, -70, 1500}));
+  drawing->AddPipe({500, 70, 3000}, {500, 900, 3000});        // on the other side of the plane
+  drawing->AddPipe({500, -71.001, 3000}, {500, -900, 3900});  // a thousandth too far
+  EXPECT_THAT(drawing->GetConnections().ConnectedTo(0), ElementsAre(atEnd, between));
+}
+
+TEST(Connections, AnArcInATiltedPlaneConnectsAnywhereAlongIt) {
+  // A half circle of radius 100 in the plane at 45 degrees: its top is at 100 along the slope.
+  const auto drawing =
+      Polylines({"70\n0\n210\n0\n220\n-1\n230\n1\n10\n100\n20\n0\n42\n1\n10\n-100\n20\n0\n"});
+  const double slope = 100 / std::sqrt(2.0);
+  const std::int32_t atTop = drawing->IndexOf(drawing->AddPipe({0, slope, slope}, {0, 900, 900}));
+  drawing->AddPipe({0, slope + 1.5, slope}, {0, 900, 0});
+  drawing->AddPipe({0, 0, 0}, {0, 50, 0});  // the centre
+  EXPECT_THAT(drawing->GetConnections().ConnectedTo(0), ElementsAre(atTop));
+}
+
+TEST(Connections, AMillimetreIsOneOnPolylinesToo) {
+  for (const double far : {0.0, 1e9, -1e9}) {
+    const std::string x = std::to_string(far);
+    const std::string corner = std::to_string(far + 1000);
+    const auto drawing = Polylines({"70\n0\n10\n" + x + "\n20\n" + x + "\n10\n" + corner + "\n20\n" + x +
+                                    "\n10\n" + corner + "\n20\n" + corner + "\n"});
+    const std::int32_t atCorner =
+        drawing->IndexOf(drawing->AddPipe({far + 1001, far, 0}, {far + 1900, far, 0}));
+    drawing->AddPipe({far + 1001.001, far + 500, 0}, {far + 1900, far + 500, 0});
+    const std::int32_t between =
+        drawing->IndexOf(drawing->AddPipe({far + 999, far + 700, 0}, {far + 100, far + 700, 0}));
+    EXPECT_THAT(drawing->GetConnections().ConnectedTo(0), ElementsAre(atCorner, between)) << far;
+  }
 }
 
 TEST(Connections, AgreeWithTheScanOfAllPairs) {
