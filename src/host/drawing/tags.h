@@ -8,10 +8,6 @@
 #include <string_view>
 #include <vector>
 
-#ifdef __SSE2__
-#include <emmintrin.h>
-#endif
-
 #include "host/drawing/drawing_error.h"
 
 namespace zwt {
@@ -52,22 +48,6 @@ class TagReader {
   std::int64_t Line() const { return line_; }
 
  private:
-  /// The next line end, or the end of the bytes. Values are short: most end within the first 16 bytes, which
-  /// costs less than calling memchr.
-  const char* FindLineEnd(const char* at) const {
-#ifdef __SSE2__
-    if (end_ - at >= 16) {
-      const __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i*>(at));
-      const int found = _mm_movemask_epi8(_mm_cmpeq_epi8(block, _mm_set1_epi8('\n')));
-      if (found != 0) return at + __builtin_ctz(static_cast<unsigned>(found));
-      at += 16;
-    }
-#endif
-    const auto* lineEnd =
-        static_cast<const char*>(std::memchr(at, '\n', static_cast<std::size_t>(end_ - at)));
-    return lineEnd == nullptr ? end_ : lineEnd;
-  }
-
   /// Reads the code line; gives the start of the value line.
   const char* ReadCode(std::int32_t& code) {
     const char* at = at_;
