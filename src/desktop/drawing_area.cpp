@@ -116,7 +116,7 @@ void DrawingArea::mousePressEvent(QMouseEvent* event) {
   }
   if (Tool() == nullptr) return;
   if (event->button() == Qt::LeftButton) Tool()->Press(PlaceOf(pointer_, event->modifiers()));
-  if (event->button() == Qt::RightButton) Tool()->Enter();
+  if (event->button() == Qt::RightButton && tool_ != nullptr) tool_->Enter();
   update();
 }
 
@@ -143,6 +143,14 @@ void DrawingArea::mouseReleaseEvent(QMouseEvent* event) {
     Tool()->Release(PlaceOf(pointer_, event->modifiers()));
   }
   update();
+}
+
+void DrawingArea::mouseDoubleClickEvent(QMouseEvent* event) {
+  if (event->button() == Qt::MiddleButton) {
+    ZoomToExtents();
+  } else {
+    mousePressEvent(event);
+  }
 }
 
 void DrawingArea::leaveEvent(QEvent* event) {

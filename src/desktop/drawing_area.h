@@ -1,5 +1,6 @@
 // The window on the drawing: shows it, pans with the middle button or the held space bar, zooms with the
-// wheel at the pointer, and gives the left button and the keys to the tool in use.
+// wheel at the pointer (a double click of the middle button shows all), and gives the left button and the
+// keys to the tool in use. The right button is Enter where a tool has taken the place of the standing one.
 #pragma once
 
 #include <QWidget>
@@ -42,6 +43,7 @@ class DrawingArea : public QWidget {
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
   void leaveEvent(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void keyReleaseEvent(QKeyEvent* event) override;

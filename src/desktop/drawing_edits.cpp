@@ -36,7 +36,11 @@ DrawingEdits::DrawingEdits(DrawingArea& area, DrawingScene& scene, QWidget* pare
           scene, [](std::int32_t entity) { return CanBePipe(WorkingDrawing(), entity); }, false) {
   selection_.onPicked = [this] { properties_->Show(selection_.Picked()); };
   selection_.onEnded = [this](bool done) {
-    if (!done) Select({});
+    if (!done) {
+      Select({});
+    } else if (onEnter) {
+      onEnter();
+    }
   };
   properties_->onNote = [this](const CString& text) {
     if (onNote) onNote(text);

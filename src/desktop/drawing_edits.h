@@ -45,6 +45,8 @@ class DrawingEdits {
   void EndDrawing();
   void Escape();
 
+  /// Enter in the drawing while nothing is asked.
+  std::function<void()> onEnter;
   /// A prompt and a line for the command line; an empty prompt brings the usual one back.
   std::function<void(const QString&)> onPrompt;
   std::function<void(const CString&)> onNote;

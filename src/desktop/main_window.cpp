@@ -109,6 +109,11 @@ void MainWindow::MakeEditMenu() {
   redo_->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Y), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)});
   menu->addSeparator();
   edits_.AddTo(*menu);
+  // As on the command line, Enter alone repeats the last command.
+  edits_.onEnter = [this] {
+    QMetaObject::invokeMethod(
+        this, [this] { Enter({}); }, Qt::QueuedConnection);
+  };
   edits_.onPrompt = [this](const QString& prompt) { pane_->SetPrompt(prompt); };
   edits_.onNote = [this](const CString& text) { pane_->Print(text); };
 }

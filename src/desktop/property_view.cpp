@@ -114,6 +114,7 @@ void PropertyView::MakeFields(QWidget& form) {
     field->setCompleter(nullptr);
     field->addItems(ChoicesOf(shape));
     field->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    field->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     const CString key = shape.key;
     connect(field, &QComboBox::activated, this, [this, key] { TakeField(key); });
     connect(field->lineEdit(), &QLineEdit::editingFinished, this, [this, key] { TakeField(key); });

@@ -18,8 +18,8 @@ class DrawingAreaTest : public testing::Test {
     riserB = Add(2000, L"给水");
     stack = Add(4000, L"污水");
     desk.Contents().AddLine({6000, 0, 0}, {6000, 3000, 0});
-    desk.Area().ZoomToExtents();
     QCoreApplication::processEvents();
+    desk.Area().ZoomToExtents();
   }
 
   AcDbObjectId Add(double x, const wchar_t* system) {
@@ -63,6 +63,15 @@ TEST_F(DrawingAreaTest, MiddleButtonMovesTheDrawing) {
   QTest::mouseRelease(&desk.Area(), Qt::MiddleButton, Qt::NoModifier, {160, 130});
   EXPECT_NEAR(desk.Area().View().ToPlace({160, 130}).x(), place.x(), 1e-6);
   EXPECT_NEAR(desk.Area().View().ToPlace({160, 130}).y(), place.y(), 1e-6);
+}
+
+TEST_F(DrawingAreaTest, DoubleClickOfTheMiddleButtonShowsAll) {
+  const QRectF all = desk.Area().View().Shown();
+  desk.Wheel({10, 10}, 5);
+  EXPECT_NE(desk.Area().View().Shown(), all);
+  QTest::mouseDClick(&desk.Area(), Qt::MiddleButton, Qt::NoModifier, {50, 50});
+  QTest::mouseRelease(&desk.Area(), Qt::MiddleButton, Qt::NoModifier, {50, 50});
+  EXPECT_EQ(desk.Area().View().Shown(), all);
 }
 
 TEST_F(DrawingAreaTest, HeldSpaceBarMovesTheDrawingWithTheLeftButton) {

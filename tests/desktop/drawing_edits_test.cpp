@@ -230,6 +230,18 @@ TEST_F(DrawingEditsTest, FindingIsShownByAClickAndGapsAreClosed) {
   EXPECT_EQ(list.count(), 1);
 }
 
+TEST_F(DrawingEditsTest, EnterInTheDrawingRepeatsTheLastCommandAndTheRightButtonDoesNot) {
+  int opened = 0;
+  for (int i = 0; i < 2; ++i) desk.InPanel([&](PanelWindow&) { ++opened; });
+  desk.Window().Enter(QStringLiteral("ZWTGRGS"));
+  QTest::mouseClick(&desk.Area(), Qt::RightButton, Qt::NoModifier, {5, 5});
+  QCoreApplication::processEvents();
+  EXPECT_EQ(opened, 1);
+  desk.Press(Qt::Key_Return);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(opened, 2);
+}
+
 TEST_F(DrawingEditsTest, NothingCanBeEditedWhileACommandRuns) {
   desk.Contents().AddPipe({0, 0, 0}, {0, 3000, 0});
   Fit();

@@ -217,6 +217,24 @@ TEST_F(WaterRoadsTest, SupplyReportIsWrittenBesideTheDrawingAndOpened) {
   for (const std::filesystem::path& report : opened) EXPECT_GT(std::filesystem::file_size(report), 1000U);
 }
 
+TEST_F(WaterRoadsTest, ReportOfADrawingWithoutAFileGoesIntoTheDocuments) {
+  const QByteArray home = qgetenv("HOME");
+  qputenv("HOME", QByteArray::fromStdString(desk.Folder().string()));
+  std::vector<std::filesystem::path> opened;
+  desk.Window().Reports().open = [&](const std::filesystem::path& report) { opened.push_back(report); };
+  desk.Contents().AddPipe({0, 0, 0}, {0, 3000, 0}, {{L"WtSystem", L"给水"}, {L"ELS_TYPE", L"入口立管"}});
+  desk.AtQuestion([&] {
+    desk.TypeLine("ALL");
+    desk.TypeLine("");
+  });
+  desk.InPanel([&](PanelWindow& panel) { ClickOn(panel, kReport); });
+  desk.ChooseCommand(L"ZWTGSJS");
+  qputenv("HOME", home);
+  ASSERT_EQ(opened.size(), 1U);
+  EXPECT_EQ(opened[0], desk.Folder() / "Documents" / "ZWT-GSJS-ZZ.docx");
+  EXPECT_TRUE(std::filesystem::exists(opened[0]));
+}
+
 TEST_F(WaterRoadsTest, ReportThatCannotBeOpenedIsToldWithItsPlace) {
   desk.Open("examples/dwelling-18-storeys.dxf");
   desk.Window().Reports().open = [](const std::filesystem::path& report) {
