@@ -5,6 +5,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDir>
+#include <QFile>
 #include <QLineEdit>
 #include <QTest>
 #include <QTextStream>
@@ -50,7 +51,11 @@ class Photographer {
     const auto found = examples.find(command);
     if (found == examples.end()) return;
     window_.GetDocument().Contents().MarkSaved();
-    window_.Files().OpenFile(QStringLiteral(ZWT_SOURCE_DIR "/examples/") + QLatin1String(found->second));
+    // A copy: reports are written beside the drawing.
+    const QString copy = folder_.filePath(QLatin1String(found->second));
+    QFile::remove(copy);
+    QFile::copy(QStringLiteral(ZWT_SOURCE_DIR "/examples/") + QLatin1String(found->second), copy);
+    window_.Files().OpenFile(copy);
   }
 
  private:
