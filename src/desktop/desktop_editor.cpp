@@ -21,9 +21,11 @@ class DesktopEditor::PointTool : public DrawingTool {
 
   std::int32_t Answer() const { return answer_; }
   const QPointF& Place() const { return place_; }
+  double Reach() const { return reach_; }
 
   void Press(const PointerPlace& at) override {
     place_ = at.place;
+    reach_ = at.reach;
     End(RTNORM);
   }
   void Move(const PointerPlace&) override {}
@@ -41,6 +43,7 @@ class DesktopEditor::PointTool : public DrawingTool {
   QEventLoop& loop_;
   std::int32_t answer_ = RTCAN;
   QPointF place_;
+  double reach_ = 0;
 };
 
 DesktopEditor::DesktopEditor(DrawingArea& area, DrawingScene& scene, CommandPane& pane, NestedWaits& waits)
@@ -107,6 +110,7 @@ std::int32_t DesktopEditor::GetPoint(const CString& prompt, AcGePoint3d& point) 
   QEventLoop loop;
   PointTool tool(loop);
   Ask(tool, prompt.empty() ? kLookingAround : ToQt(prompt).trimmed(), loop);
+  if (prompt.empty() && tool.Answer() == RTNORM && onLookedAt) onLookedAt(tool.Place(), tool.Reach());
   point = {tool.Place().x(), tool.Place().y(), 0};
   return tool.Answer();
 }

@@ -33,6 +33,9 @@ class DesktopEditor : public EditorFrontEnd {
   void TakeLine(const QString& line);
   void Escape();
 
+  /// Called with a place that was pressed while the user looks around, and how far from it still counts as
+  /// hit (mm).
+  std::function<void(const QPointF& place, double reach)> onLookedAt;
   /// Called when the user could begin to answer.
   std::function<void()> onAsking;
 

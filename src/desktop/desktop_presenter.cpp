@@ -55,11 +55,26 @@ void DesktopPresenter::RunModal(CDialog& panel) {
   }
   const NestedWaits::Wait wait(waits_, [&window] { window.Cancel(); });
   open_.push_back(&window);
+  window.onRowSelected = [this](int table, int row) {
+    if (onRowSelected) onRowSelected(table, row);
+  };
   const auto leave = [this](PanelWindow*) { open_.pop_back(); };
   const std::unique_ptr<PanelWindow, decltype(leave)> open(&window, leave);
   window.Run([&] {
     if (onPanelShown) onPanelShown(window);
   });
+}
+
+void DesktopPresenter::SelectRow(int table, int row) {
+  for (auto window = open_.rbegin(); window != open_.rend(); ++window) {
+    if ((*window)->SelectRow(table, row)) return;
+  }
+}
+
+void DesktopPresenter::ShowProfiles(const std::vector<OverlayProfile>& profiles) {
+  for (PanelWindow* window : open_) {
+    if (window->Sheet() != nullptr) window->Sheet()->ShowProfiles(profiles);
+  }
 }
 
 void DesktopPresenter::ShowModeless(CDialog& panel) {

@@ -41,6 +41,13 @@ class DesktopPresenter : public Presenter {
   std::function<void(PanelWindow&)> onPanelShown;
   std::function<void(PanelWindow&)> onProgressShown;
   std::function<void(QMessageBox&)> onMessageShown;
+  /// Selects a row of a grid in the innermost panel that has it.
+  void SelectRow(int table, int row);
+  /// Shows curves in the innermost panel.
+  void ShowProfiles(const std::vector<OverlayProfile>& profiles);
+
+  /// Called when the selected row of a grid of a panel is another one; -1: none.
+  std::function<void(int table, int row)> onRowSelected;
   /// Called when a panel gives way to the drawing (true) and when it comes back (false).
   std::function<void(bool)> onDrawingWanted;
 

@@ -41,6 +41,13 @@ void DrawingArea::ZoomToExtents() {
   if (const auto extents = scene_.Extents()) ZoomTo(*extents);
 }
 
+void DrawingArea::BringIntoView(const QRectF& part) {
+  const QRectF shown = view_.Shown();
+  if (shown.contains(part.center())) return;
+  view_.Pan(view_.ToPixel(shown.center()) - view_.ToPixel(part.center()));
+  ViewChanged();
+}
+
 void DrawingArea::Use(DrawingTool* tool) {
   if (Tool() != nullptr) Tool()->Leave();
   tool_ = tool;
@@ -77,6 +84,7 @@ void DrawingArea::paintEvent(QPaintEvent*) {
   painter.fillRect(rect(), kGround);
   painter.setRenderHint(QPainter::Antialiasing);
   PaintDrawing(painter);
+  if (overlay_ != nullptr) overlay_->Paint(painter, view_, kGround);
   if (Tool() != nullptr) Tool()->Paint(painter, view_);
 }
 

@@ -7,6 +7,7 @@
 #include <functional>
 #include <optional>
 
+#include "desktop/drawing_overlay.h"
 #include "desktop/drawing_scene.h"
 #include "desktop/drawing_tool.h"
 #include "desktop/view_transform.h"
@@ -22,6 +23,11 @@ class DrawingArea : public QWidget {
   /// Shows a part of the drawing as large as fits, and all of it.
   void ZoomTo(const QRectF& part);
   void ZoomToExtents();
+  /// Moves the drawing so far that the middle of a part is in the window; one that is there stays.
+  void BringIntoView(const QRectF& part);
+
+  /// What is painted over the drawing; null: nothing. Who sets it keeps it alive.
+  void SetOverlay(const DrawingOverlay* overlay) { overlay_ = overlay; }
 
   /// Puts a tool to use in place of the standing one; null takes it away. Who puts it keeps it alive.
   void Use(DrawingTool* tool);
@@ -56,6 +62,7 @@ class DrawingArea : public QWidget {
   void PaintDrawing(QPainter& painter) const;
 
   DrawingScene& scene_;
+  const DrawingOverlay* overlay_ = nullptr;
   ViewTransform view_;
   DrawingTool* tool_ = nullptr;
   DrawingTool* standing_ = nullptr;

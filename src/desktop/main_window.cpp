@@ -56,9 +56,13 @@ MainWindow::MainWindow()
   MakeCommandActions();
   MakeHelpMenu();
   MakeStatusBar();
-  session_.onBegun = [this] { FollowSession(); };
+  session_.onBegun = [this] {
+    ClearOverlay();
+    FollowSession();
+  };
   session_.onEnded = [this] { FollowSession(); };
   FollowDocument();
+  FollowResults();
   RestoreWindow();
   FollowSession();
 }
@@ -156,6 +160,7 @@ void MainWindow::FollowDocument() {
   document_.onRefused = [this](const CString& message) { pane_->Print(L"\n" + message); };
   document_.onFileTouched = [this] { CatchUpWithFile(); };
   files_.onOpened = [this] {
+    ClearOverlay();
     scene_.Reset();
     FollowDrawing();
     area_->ZoomToExtents();
@@ -165,6 +170,23 @@ void MainWindow::FollowDocument() {
     place_->setText(QStringLiteral("%1, %2").arg(place.x(), 0, 'f', 0).arg(place.y(), 0, 'f', 0));
   };
   FollowDrawing();
+}
+
+/// Rows of the panels' tables and the drawing follow each other.
+void MainWindow::FollowResults() {
+  area_->SetOverlay(&overlay_);
+  overlay_.onChanged = [this] {
+    const Overlay* overlay = CurrentOverlay();
+    presenter_.ShowProfiles(overlay == nullptr ? std::vector<OverlayProfile>() : overlay->profiles);
+    area_->update();
+  };
+  presenter_.onRowSelected = [this](int table, int row) {
+    overlay_.LightUp({table, row});
+    if (const auto place = overlay_.LitPlace()) area_->BringIntoView(*place);
+  };
+  editor_.onLookedAt = [this](const QPointF& place, double reach) {
+    if (const auto row = overlay_.RowAt(place, reach)) presenter_.SelectRow(row->table, row->row);
+  };
 }
 
 void MainWindow::FollowDrawing() {

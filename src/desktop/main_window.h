@@ -16,6 +16,7 @@
 #include "desktop/document.h"
 #include "desktop/drawing_area.h"
 #include "desktop/drawing_edits.h"
+#include "desktop/drawing_overlay.h"
 #include "desktop/drawing_scene.h"
 #include "desktop/file_actions.h"
 #include "desktop/layer_view.h"
@@ -48,6 +49,7 @@ class MainWindow : public QMainWindow {
   DesktopReports& Reports() { return reports_; }
   DrawingEdits& Edits() { return edits_; }
   LayerView& Layers() { return *layers_; }
+  DrawingOverlay& Results() { return overlay_; }
   /// The menu and tool bar entry of a command, null for a name of no discipline.
   QAction* ActionOf(const CString& command) const;
 
@@ -68,6 +70,7 @@ class MainWindow : public QMainWindow {
   void MakeViewMenu();
   QDockWidget* AddSideDock(const QString& title, const char* name, QWidget* content, QMenu& menu);
   void FollowDocument();
+  void FollowResults();
   void MakeCommandActions();
   void MakeHelpMenu();
   void MakeStatusBar();
@@ -84,6 +87,7 @@ class MainWindow : public QMainWindow {
   CommandSession session_;
   Document document_;
   DrawingScene scene_;
+  DrawingOverlay overlay_;
   CommandPane* pane_;
   DrawingArea* area_;
   LayerView* layers_;

@@ -183,6 +183,7 @@ QGridLayout* PanelLayout::FillBox(QWidget& frame, const PanelBox& box) {
 
 QLayout* PanelLayout::MakeButtonRow(const PanelRow& row) {
   auto* line = new QHBoxLayout;
+  buttonRow_ = line;
   line->addStretch(1);
   for (const ControlTemplate* control : row) {
     ControlView& view = viewOf_(control->id);
@@ -190,6 +191,10 @@ QLayout* PanelLayout::MakeButtonRow(const PanelRow& row) {
     line->addWidget(view.Widget());
   }
   return line;
+}
+
+void PanelLayout::AddAside(QWidget& widget) {
+  if (buttonRow_ != nullptr) buttonRow_->insertWidget(0, &widget);
 }
 
 void PanelLayout::FollowVisibility() {

@@ -23,6 +23,9 @@ class PanelLayout {
   /// Hides group boxes in which nothing is visible and shows the others.
   void FollowVisibility();
 
+  /// Puts a widget of the window itself at the left end of the button row.
+  void AddAside(QWidget& widget);
+
   /// Whether something in the panel takes more room when the window grows.
   bool CanGrow() const { return canGrow_; }
 
@@ -41,6 +44,7 @@ class PanelLayout {
   QWidget& window_;
   ViewOf viewOf_;
   std::vector<Box> boxes_;
+  QHBoxLayout* buttonRow_ = nullptr;
   bool canGrow_ = false;
 };
 

@@ -27,6 +27,7 @@ PanelWindow::PanelWindow(CDialog& panel, QWidget* parent) : QDialog(parent), pan
   layout_ = std::make_unique<PanelLayout>(*this, PlanPanel(panel.Shape()),
                                           [this](int id) -> ControlView& { return *views_.at(id); });
   SetTabOrder();
+  MakeSideSheet();
   if (!layout_->CanGrow()) layout()->setSizeConstraint(QLayout::SetFixedSize);
   focusFollower_ =
       connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { FocusMovedTo(now); });
@@ -87,6 +88,59 @@ void PanelWindow::SetTabOrder() {
   }
 }
 
+void PanelWindow::MakeSideSheet() {
+  for (const auto& control : panel_.Controls()) {
+    const int id = control->GetDlgCtrlID();
+    if (explained_ == 0 && panel_.CanExplain(id)) explained_ = id;
+  }
+  if (explained_ == 0) return;
+  sheet_ = new SideSheet(this);
+  sheetButton_ = new QToolButton(this);
+  sheetButton_->setObjectName(QStringLiteral("sheetButton"));
+  sheetButton_->setText(QStringLiteral("计算过程"));
+  sheetButton_->setToolTip(QStringLiteral("所选一行如何算出 (F2)"));
+  sheetButton_->setShortcut(Qt::Key_F2);
+  sheetButton_->setCheckable(true);
+  sheetButton_->setFocusPolicy(Qt::NoFocus);
+  layout_->AddAside(*sheetButton_);
+  connect(sheetButton_, &QToolButton::toggled, this, [this](bool shown) { ShowSheet(shown); });
+  connect(sheet_, &QDialog::finished, this, [this] { sheetButton_->setChecked(false); });
+}
+
+void PanelWindow::ShowSheet(bool shown) {
+  sheet_->setVisible(shown);
+  if (!shown) return;
+  const QRect room = screen()->availableGeometry();
+  const QRect frame = frameGeometry();
+  const int right = std::min(frame.right() + 8, room.right() - sheet_->width());
+  sheet_->move(std::max(room.left(), right), std::max(room.top(), frame.top()));
+  Explain();
+}
+
+void PanelWindow::Explain() {
+  if (sheet_ == nullptr || !sheet_->isVisible()) return;
+  const auto& grid = dynamic_cast<CGridCtrl&>(panel_.GetDlgItem(explained_));
+  const int row = grid.GetSelectedCellRange().minRow;
+  const CString title = row < 0 ? CString() : grid.GetItemText(row, 0);
+  Act([&] { sheet_->Explain(title, panel_.Explain(explained_, row)); });
+}
+
+bool PanelWindow::SelectRow(int table, int row) {
+  auto* grid = dynamic_cast<CGridCtrl*>(panel_.FindItem(table));
+  if (grid == nullptr || row < 0 || row >= grid->GetRowCount()) return false;
+  Act([&] { grid->SetSelectedRange({row, 0, row, grid->GetColumnCount() - 1}); });
+  return true;
+}
+
+void PanelWindow::FollowSelection(const CWnd& control) {
+  const auto* grid = dynamic_cast<const CGridCtrl*>(&control);
+  if (grid == nullptr) return;
+  const int id = control.GetDlgCtrlID();
+  if (panel_.CanExplain(id)) explained_ = id;
+  explain_.Ask();
+  if (onRowSelected) onRowSelected(id, grid->GetSelectedCellRange().minRow);
+}
+
 ControlView* PanelWindow::FindView(int id) const {
   const auto found = views_.find(id);
   return found == views_.end() ? nullptr : found->second.get();
@@ -128,6 +182,7 @@ void PanelWindow::Cancel() {
 }
 
 void PanelWindow::GiveWay() {
+  if (sheet_ != nullptr) sheet_->hide();
   hide();
   setWindowModality(Qt::NonModal);
 }
@@ -135,6 +190,7 @@ void PanelWindow::GiveWay() {
 void PanelWindow::Return() {
   setWindowModality(Qt::ApplicationModal);
   show();
+  if (sheet_ != nullptr && sheetButton_->isChecked()) ShowSheet(true);
   raise();
   activateWindow();
 }
@@ -256,6 +312,8 @@ void PanelWindow::OnControlChanged(CWnd& control, ControlAspect aspect) {
   const QScopedValueRollback following(following_, true);
   views_.at(control.GetDlgCtrlID())->Follow(aspect);
   if (aspect == ControlAspect::kVisible) layout_->FollowVisibility();
+  if (aspect == ControlAspect::kSelection) FollowSelection(control);
+  if (aspect == ControlAspect::kCells && sheet_ != nullptr) explain_.Ask();
 }
 
 void PanelWindow::OnFocusMoved(CWnd& control, bool selected) {

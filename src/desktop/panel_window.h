@@ -5,13 +5,16 @@
 
 #include <QDialog>
 #include <QEventLoop>
+#include <QToolButton>
 #include <exception>
 #include <map>
 #include <memory>
 #include <vector>
 
 #include "desktop/control_view.h"
+#include "desktop/later_once.h"
 #include "desktop/panel_layout.h"
+#include "desktop/side_sheet.h"
 
 namespace zwt {
 
@@ -43,6 +46,14 @@ class PanelWindow : public QDialog, private PanelListener, private PanelActions 
   void SetFramed() { framed_ = true; }
   bool WasPainted() const { return painted_; }
 
+  /// Selects a row of a grid, if the panel has that grid and that row. False otherwise.
+  bool SelectRow(int table, int row);
+  /// The sheet that tells how results were computed; null where the panel's results can't tell.
+  SideSheet* Sheet() const { return sheet_; }
+
+  /// Called when the selected row of a grid is another one; -1: none.
+  std::function<void(int table, int row)> onRowSelected;
+
   /// Closes as the close box does.
   void reject() override;
 
@@ -65,6 +76,10 @@ class PanelWindow : public QDialog, private PanelListener, private PanelActions 
   void MakeLabels();
   void GroupRadioButtons();
   void SetTabOrder();
+  void MakeSideSheet();
+  void ShowSheet(bool shown);
+  void FollowSelection(const CWnd& grid);
+  void Explain();
   void FocusFirst();
   /// A table that was filled anew may ask for more room; a window that the user made larger stays so.
   void GrowToFit();
@@ -77,6 +92,10 @@ class PanelWindow : public QDialog, private PanelListener, private PanelActions 
   PanelMetrics metrics_;
   std::map<int, std::unique_ptr<ControlView>> views_;
   std::unique_ptr<PanelLayout> layout_;
+  QToolButton* sheetButton_ = nullptr;
+  SideSheet* sheet_ = nullptr;
+  int explained_ = 0;  // the grid whose selected row is explained, 0 for none
+  LaterOnce explain_{[this] { Explain(); }};
   QEventLoop loop_;
   std::function<void()> shown_;  // empty once it was called
   QMetaObject::Connection focusFollower_;
