@@ -95,6 +95,22 @@ TEST(DxfWriter, AnErasedEntityLeavesItsComments) {
               HasSubstr("ENTITIES\n999\nabout the line\n  0\nLINE\n  5\n1\n  0\nENDSEC\n"));
 }
 
+// Found by fuzzing: a polyline without its SEQEND, something else, and a vertex that belongs to nothing.
+// Without the thing between them the polyline took the vertex for its own, and the saved file was another
+// drawing.
+TEST(DxfWriter, AnErasedEntityDoesNotJoinWhatItKeptApart) {
+  const std::string polyline = "  0\nPOLYLINE\n  5\n1\n  0\nVERTEX\n 10\n1\n 20\n2\n1001\nZWT_PIPE\n";
+  const std::string vertex = "  0\nVERTEX\n 10\nodd\n";
+  for (const std::string& part : {vertex, std::string("  0\nATTRIB\n  1\nx\n")}) {
+    const auto drawing = ParseDrawing(Entities(polyline + "  0\nPOINT\n  5\n2\n999\nkept\n" + part));
+    ASSERT_EQ(drawing->EntityCount(), 3);
+    drawing->Erase(1);
+    EXPECT_NE(DrawingBytes(*drawing).find("999\nkept\n  0\nSEQEND\n" + part.substr(0, 11)),
+              std::string::npos);
+    EXPECT_EQ(ParseDrawing(DrawingBytes(*drawing))->EntityCount(), 2);
+  }
+}
+
 TEST(DxfWriter, NewEntitiesStandBehindTheOthersInTheFormOfTheVersion) {
   struct Row {
     std::string version;

@@ -58,6 +58,7 @@ class DxfWriter {
   void EditEntities();
   void EditEntity(std::int32_t index);
   std::string KeptComments(std::string_view tags) const;
+  std::string PlaceOfErased(std::int32_t index) const;
   std::string WithHandle(std::string_view tags, std::uint64_t handle) const;
   void AddEntities();
   void EditTables();
@@ -112,6 +113,25 @@ std::string DxfWriter::KeptComments(std::string_view tags) const {
   return writer.Take();
 }
 
+/// Whether an entity is a vertex or attribute that belongs to nothing. A broken file may have such ones.
+bool IsStrayPart(std::string_view tags) {
+  Tag type;
+  if (!TagReader(tags).Next(type)) return false;
+  const std::string_view name = Trimmed(type.value);
+  return name == "VERTEX" || name == "ATTRIB";
+}
+
+/// What stands in the place of an erased entity.
+std::string DxfWriter::PlaceOfErased(std::int32_t index) const {
+  std::string left = KeptComments(drawing_.SourceTags(index));
+  const bool isLast = index + 1 == drawing_.EntityCount();
+  if (isLast || !drawing_.Entity(index + 1).alive || !IsStrayPart(drawing_.SourceTags(index + 1)))
+    return left;
+  // A polyline or insert in front would take the stray part behind for its own.
+  TagWriter end = Writer();
+  return left + end.Text(0, "SEQEND").Bytes();
+}
+
 /// Tags of an entity with a handle behind its type.
 std::string DxfWriter::WithHandle(std::string_view tags, std::uint64_t handle) const {
   TagReader reader(tags);
@@ -129,7 +149,7 @@ void DxfWriter::EditEntity(std::int32_t index) {
   const EntityRecord& entity = drawing_.Entity(index);
   const std::string_view source = drawing_.SourceTags(index);
   if (!entity.alive) {
-    Replace(source, KeptComments(source));
+    Replace(source, PlaceOfErased(index));
     return;
   }
   const bool changed = source.data() != entity.tags.data();
