@@ -11,6 +11,7 @@
 #include <QTextStream>
 #include <algorithm>
 #include <set>
+#include <string_view>
 
 #include "desktop/look.h"
 #include "desktop/main_window.h"
@@ -40,6 +41,20 @@ class Photographer {
     const int number = ++taken_[name];
     const QString suffix = number == 1 ? QString() : QStringLiteral("-%1").arg(number);
     widget.grab().save(folder_.filePath(name + suffix + QStringLiteral(".png")));
+  }
+
+  /// The main window with something selected, with the layers, and with what the check finds.
+  void TakeSides() {
+    std::vector<std::int32_t> pipes = window_.GetDocument().Contents().Pipes();
+    pipes.resize(std::min<std::size_t>(pipes.size(), 4));
+    window_.Edits().Select(pipes);
+    Take(window_, QStringLiteral("main-selected"));
+    window_.Edits().Select({});
+    for (const char* dock : {"layers", "findings"}) {
+      window_.findChild<QDockWidget*>(QLatin1String(dock))->raise();
+      if (dock == std::string_view("findings")) window_.Edits().Findings().Check();
+      Take(window_, QStringLiteral("main-") + QLatin1String(dock));
+    }
   }
 
   /// Opens the example that a command works on, without asking for the changes to the one before.
@@ -146,6 +161,7 @@ int TakeAll(const QString& folder) {
   }
   photographer.OpenExampleFor(L"ZWTGSJS");
   photographer.Take(window, QStringLiteral("main"));
+  photographer.TakeSides();
   window.GetDocument().Contents().MarkSaved();
   return 0;
 }
