@@ -13,6 +13,7 @@ namespace {
 const QColor kHoverColour(0xff, 0xd5, 0x4f);
 const QColor kPickedColour(0x4f, 0xc3, 0xf7);
 constexpr double kLitWidth = 3;
+constexpr qsizetype kMostThickLines = 5000;
 /// A pointer that moved so few pixels between press and release has clicked.
 constexpr double kClickSlack = 4;
 
@@ -157,10 +158,28 @@ bool SelectTool::Take(const QString& word) {
   return true;
 }
 
-void SelectTool::PaintShape(QPainter& painter, const ViewTransform& view, std::int32_t entity) const {
-  QPolygonF line;
-  for (const QPointF& corner : scene_.Picker().ShapeOf(entity)) line.append(view.ToPixel(corner));
-  painter.drawPolyline(line);
+void SelectTool::PaintShapes(QPainter& painter, const ViewTransform& view,
+                             std::span<const std::int32_t> entities, const QColor& colour) const {
+  const DrawingPicker& picker = scene_.Picker();
+  const QRectF shown = view.Shown();
+  QList<QLineF> lines;
+  for (const std::int32_t entity : entities) {
+    const QRectF bounds = picker.BoundsOf(entity);
+    const bool seen = bounds.left() <= shown.right() && bounds.right() >= shown.left() &&
+                      bounds.top() <= shown.bottom() && bounds.bottom() >= shown.top();
+    if (!seen) continue;
+    const std::span<const QPointF> shape = picker.ShapeOf(entity);
+    for (std::size_t i = 1; i < shape.size(); ++i) {
+      lines.append(QLineF(view.ToPixel(shape[i - 1]), view.ToPixel(shape[i])));
+    }
+  }
+  // Thick smooth lines take long: where there are very many they are thin ones.
+  const bool many = lines.size() > kMostThickLines;
+  const QPainter::RenderHints hints = painter.renderHints();
+  painter.setRenderHint(QPainter::Antialiasing, !many);
+  painter.setPen(QPen(colour, many ? 1 : kLitWidth, Qt::SolidLine, Qt::RoundCap));
+  painter.drawLines(lines);
+  painter.setRenderHint(QPainter::Antialiasing, hints.testFlag(QPainter::Antialiasing));
 }
 
 void SelectTool::PaintFrame(QPainter& painter, const ViewTransform& view) const {
@@ -176,12 +195,8 @@ void SelectTool::PaintFrame(QPainter& painter, const ViewTransform& view) const 
 
 void SelectTool::Paint(QPainter& painter, const ViewTransform& view) const {
   painter.setBrush(Qt::NoBrush);
-  painter.setPen(QPen(kPickedColour, kLitWidth, Qt::SolidLine, Qt::RoundCap));
-  for (const std::int32_t entity : picked_) PaintShape(painter, view, entity);
-  if (hovered_ >= 0) {
-    painter.setPen(QPen(kHoverColour, kLitWidth, Qt::SolidLine, Qt::RoundCap));
-    PaintShape(painter, view, hovered_);
-  }
+  PaintShapes(painter, view, picked_, kPickedColour);
+  if (hovered_ >= 0) PaintShapes(painter, view, std::span(&hovered_, 1), kHoverColour);
   if (frame_) PaintFrame(painter, view);
 }
 

@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <optional>
+#include <span>
 #include <unordered_map>
 #include <vector>
 
@@ -62,7 +63,8 @@ class SelectTool : public DrawingTool {
   void PickOne(std::int32_t entity, bool takeOut);
   void PickFrame(bool takeOut);
   bool Change(std::int32_t entity, bool takeOut);
-  void PaintShape(QPainter& painter, const ViewTransform& view, std::int32_t entity) const;
+  void PaintShapes(QPainter& painter, const ViewTransform& view, std::span<const std::int32_t> entities,
+                   const QColor& colour) const;
   void PaintFrame(QPainter& painter, const ViewTransform& view) const;
 
   const DrawingScene& scene_;
