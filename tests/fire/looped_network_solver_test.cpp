@@ -11,6 +11,7 @@
 
 #include "fire/plain_looped_solver.h"
 #include "fire/ring_network.h"
+#include "host/text/number_text.h"
 
 namespace zwt {
 namespace {
@@ -145,6 +146,40 @@ INSTANTIATE_TEST_SUITE_P(
         // Node 1 takes nothing, so the sections from it start without flow.
         KnownNetwork{"SecondRiserAlone", {2, 3, 3000, 8000, 5000, false}, 0, 2, kNoSolution, 1}),
     [](const testing::TestParamInfo<KnownNetwork>& known) { return std::string(known.param.name); });
+
+TEST(LoopedNetworkSolver, PassesGrowWithTheFlowInFewRisers) {
+  const auto passes = [](std::int32_t risers, std::int32_t guns) {
+    RingNetwork network = MakeRings({risers, 18, 3000, 8000, 5000, false});
+    UseHydrants(network, DefaultInput(), guns, guns);
+    const LoopedResult result = SolveLoopedNetwork(network.looped, DefaultInput());
+    EXPECT_EQ(result.outcome, LoopedOutcome::Converged);
+    return result.passes;
+  };
+  EXPECT_EQ(passes(2, 4), 361);
+  EXPECT_EQ(passes(3, 4), 2049);
+}
+
+TEST(LoopedNetworkSolver, FastMainsSwingBetweenTwoFlowsForGood) {
+  // From 1.2 m/s on the loss is S q². A pass divides it by the flow of the pass before, so that round a ring
+  // of fast mains a flow q becomes q*²/q: it swings about q* with the same swing for ever. Only slower
+  // sections, whose loss grows with less than the square, damp it.
+  RingNetwork network = MakeRings({4, 10, 3000, 8000, 5000, false});
+  UseHydrants(network, DefaultInput(), 4, 4);
+  std::vector<double> flows;
+  double lastChange = 0;
+  constexpr std::size_t kMain = 12;
+  const LoopedResult result = SolveLoopedNetwork(network.looped, DefaultInput(), [&](const LoopedPass& pass) {
+    flows.push_back(network.looped.sections[kMain].flow);
+    lastChange = pass.largestChange;
+  });
+  EXPECT_EQ(result.outcome, LoopedOutcome::NotConverged);
+  EXPECT_EQ(result.passes, 4999);
+  EXPECT_EQ(ZwtNum2Str(lastChange, 3), L"38.968");
+  const std::size_t last = flows.size() - 1;
+  EXPECT_EQ(ZwtNum2Str(flows[last], 4), L"35.1026");
+  EXPECT_EQ(ZwtNum2Str(flows[last - 1], 4), L"34.5431");
+  for (std::size_t i = last - 50; i <= last; ++i) EXPECT_NEAR(flows[i], flows[i - 2], 1e-6);
+}
 
 TEST(LoopedNetworkSolver, FlowsSeededDownToNothingMeetAnExactZero) {
   // Halved at every one of 30 risers, a flow comes to a billionth, and its section to a loss below the last
