@@ -148,6 +148,26 @@ TEST(RunVerb, AMainDirectoryWithoutDataLeavesThePanelUsable) {
   EXPECT_EQ(outcome.output, Call({"run", "-"}, kScript).output);
 }
 
+TEST(RunVerb, EveryReportIsAnEventAndANewFile) {
+  const test::TemporaryFolder folder;
+  const std::string script = R"({"drawing": ")" ZWT_SOURCE_DIR R"(/examples/office.dxf", "steps": [
+      {"command": "ZWTGSJS", "select": "all", "panel": [{"click": "计    算"}, {"click": "计 算 书"},
+       {"click": "计 算 书"}]}]})";
+  const std::string reports = folder.Path().string();
+  const Outcome outcome = Call({"run", "-", "--report-dir", reports}, script);
+  EXPECT_EQ(outcome.errors, "");
+  const Json result = Json::parse(outcome.output);
+  std::vector<std::string> files;
+  for (const Json& event : result["events"]) {
+    if (event["event"] != "report") continue;
+    EXPECT_EQ(event["template"], "Template\\ZWT-GSJS-ZZ.doc");
+    files.push_back(event["file"]);
+  }
+  EXPECT_EQ(files,
+            (std::vector<std::string>{reports + "/ZWT-GSJS-ZZ.docx", reports + "/ZWT-GSJS-ZZ-2.docx"}));
+  for (const std::string& file : files) EXPECT_EQ(test::ReadBytes(file).substr(0, 2), "PK");
+}
+
 TEST(RunVerb, NothingOfARunIsLeftBehind) {
   Call({"run", "-"}, kScript);
   Failure({"run", "-"}, R"({"steps": [{"command": "ZWTGRGS", "panel": [{"click": 2998}]}]})");
