@@ -98,7 +98,7 @@ TEST_F(PipesVerb, CheckPrintsJsonForPrograms) {
 
 TEST_F(PipesVerb, NoSchematicToStartFromHasFindings) {
   const TemporaryFolder folder;
-  for (const char* kind : {"supply", "drainage"}) {
+  for (const char* kind : {"supply", "drainage", "hydrants"}) {
     const std::string file = (folder.Path() / kind).string() + ".dxf";
     ASSERT_EQ(Call({"new", kind, "--risers", "3", "-o", file}).status, 0);
     EXPECT_EQ(Call({"pipes", file, "--check"}).output, "no findings\n") << kind;

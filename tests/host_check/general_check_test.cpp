@@ -1,6 +1,11 @@
 // Findings about geometry: each in a drawing with it and in one without.
+#include <algorithm>
 #include <cmath>
+#include <limits>
+#include <random>
+#include <set>
 
+#include "host/drawing/connections.h"
 #include "host/dxf/dxf_file.h"
 #include "host_check/checked_drawing.h"
 
@@ -124,6 +129,62 @@ TEST_F(GeneralCheck, AnErasedPipeIsNoneOfTheDrawing) {
   EXPECT_THAT(Kinds(), ElementsAre("overlap"));
   Erase(copy);
   EXPECT_THAT(Kinds(), IsEmpty());
+}
+
+/// Whether an end of a pipe is free and how far the nearest pipe is that it does not connect to, by looking
+/// at all pipes; infinite where it is not free.
+double MissByScan(const Drawing& drawing, std::int32_t pipe, const AcGePoint3d& end) {
+  const std::vector<std::int32_t> connected = drawing.GetConnections().ConnectedTo(pipe);
+  double nearest = std::numeric_limits<double>::infinity();
+  for (const std::int32_t other : drawing.Pipes()) {
+    if (other == pipe) continue;
+    const double distance = DistanceTo(drawing.CurveOf(other), end);
+    if (distance <= kTouch + kTouchRounding) return std::numeric_limits<double>::infinity();
+    if (!testing::Value(connected, testing::Contains(other))) nearest = std::min(nearest, distance);
+  }
+  return nearest;
+}
+
+TEST_F(GeneralCheck, GapsAgreeWithTheScanOfAllPairs) {
+  std::mt19937 random(5);
+  const auto coordinate = [&random] { return static_cast<double>(random() % 60) * 13; };
+  std::size_t gaps = 0;
+  for (int round = 0; round < 60; ++round) {
+    Drawing sheet;
+    for (int i = 0; i < 25; ++i) {
+      const AcGePoint3d start{coordinate(), coordinate(), 0};
+      const AcGePoint3d end =
+          random() % 2 == 0 ? AcGePoint3d{coordinate(), start.y, 0} : AcGePoint3d{start.x, coordinate(), 0};
+      if (Distance(start, end) > 100) sheet.AddPipe(start, end);
+    }
+    std::set<std::pair<std::uint64_t, std::uint64_t>> pairs;
+    for (const Finding& finding : CheckDrawing(sheet)) {
+      if (finding.kind == "gap") pairs.insert(std::minmax(finding.handles.at(0), finding.handles.at(1)));
+    }
+    gaps += pairs.size();
+    for (const std::int32_t pipe : sheet.Pipes()) {
+      const std::uint64_t handle = sheet.Entity(pipe).handle;
+      const auto isOfPipe = [handle](const auto& pair) {
+        return pair.first == handle || pair.second == handle;
+      };
+      const double miss = std::min(MissByScan(sheet, pipe, sheet.PipeOf(pipe).start),
+                                   MissByScan(sheet, pipe, sheet.PipeOf(pipe).end));
+      const bool isFound = std::any_of(pairs.begin(), pairs.end(), isOfPipe);
+      if (miss <= 50) {
+        EXPECT_TRUE(isFound) << round << " " << handle;
+      }
+    }
+    for (const auto& [first, second] : pairs) {
+      double miss = std::numeric_limits<double>::infinity();
+      for (const std::uint64_t handle : {first, second}) {
+        const std::int32_t pipe = sheet.FindHandle(handle);
+        miss = std::min({miss, MissByScan(sheet, pipe, sheet.PipeOf(pipe).start),
+                         MissByScan(sheet, pipe, sheet.PipeOf(pipe).end)});
+      }
+      EXPECT_LE(miss, 50) << round << " " << first << " " << second;
+    }
+  }
+  EXPECT_GT(gaps, 100U) << "too few to compare";
 }
 
 TEST_F(GeneralCheck, AThousandPipesInOnePointAreQuiet) {
