@@ -1,21 +1,8 @@
 #include "drainage/drainage_overlay.h"
 
-#include <utility>
-
 #include "host/text/number_text.h"
 
 namespace zwt {
-namespace {
-
-OverlaySection BranchSection(AcDbObjectId pipe, std::int32_t row, const ShownDrainageBranch& shown) {
-  OverlaySection section = {.row = row, .pipes = {pipe}};
-  section.course = PipeCourse(pipe);
-  if (!shown.velocity.empty()) section.value = _wtof(shown.velocity);
-  if (!shown.diameter.empty()) section.label = L"DN" + shown.diameter;
-  return section;
-}
-
-}  // namespace
 
 Overlay DescribeDrainage(ZwtPsPipeNetwork& network, const std::vector<ShownDrainageBranch>& shown,
                          std::int32_t riserDiameter, std::int32_t table) {
@@ -28,12 +15,10 @@ Overlay DescribeDrainage(ZwtPsPipeNetwork& network, const std::vector<ShownDrain
   std::int32_t row = 1;
   for (network.edges.MoveToFirst(); !network.edges.IsOut(); network.edges.MoveToNext(), ++row) {
     const ZwtPsPipeEdge& edge = network.edges.GetCurData();
-    overlay.sections.push_back(
-        BranchSection(edge.branchId, row, shown.at(static_cast<std::size_t>(row) - 1)));
-    OverlaySection riser = {.row = row, .pipes = {edge.riserId}};
-    riser.course = PipeCourse(edge.riserId);
-    if (row == 1 && riserDiameter != 0) riser.label = L"DN" + ZwtNum2Str(riserDiameter);
-    overlay.sections.push_back(std::move(riser));
+    const ShownDrainageBranch& branch = shown.at(static_cast<std::size_t>(row) - 1);
+    overlay.sections.push_back(SectionOfPipe(row, edge.branchId, branch.velocity, branch.diameter));
+    const CString stack = row == 1 && riserDiameter != 0 ? ZwtNum2Str(riserDiameter) : CString();
+    overlay.sections.push_back(SectionOfPipe(row, edge.riserId, {}, stack));
   }
   return overlay;
 }

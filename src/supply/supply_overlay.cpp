@@ -28,14 +28,6 @@ void AddStep(std::vector<OverlayProfile>& profiles, std::int32_t riserIndex, boo
   losses.push_back(before + _wtof(shown.headLoss));
 }
 
-OverlaySection DescribeSection(AcDbObjectId pipe, std::int32_t row, const ShownSupplySection& shown) {
-  OverlaySection section = {.row = row, .pipes = {pipe}};
-  section.course = PipeCourse(pipe);
-  if (!shown.velocity.empty()) section.value = _wtof(shown.velocity);
-  if (!shown.diameter.empty()) section.label = L"DN" + shown.diameter;
-  return section;
-}
-
 }  // namespace
 
 Overlay DescribeSupply(ZcDList<ZwtVPipeData>& risers, const std::vector<ShownSupplySection>& shown,
@@ -51,7 +43,7 @@ Overlay DescribeSupply(ZcDList<ZwtVPipeData>& risers, const std::vector<ShownSup
                              const ZwtVPipeData&) {
     const ShownSupplySection& section = shown.at(static_cast<std::size_t>(row));
     ++row;
-    overlay.sections.push_back(DescribeSection(edge.pipeId, row, section));
+    overlay.sections.push_back(SectionOfPipe(row, edge.pipeId, section.velocity, section.diameter));
     AddStep(overlay.profiles, riserIndex, position == 0, section);
   });
   return overlay;

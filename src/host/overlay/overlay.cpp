@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "host/drawing/drawing.h"
+#include "host/text/number_text.h"
 
 namespace zwt {
 namespace {
@@ -67,6 +68,15 @@ std::vector<AcGePoint3d> PipeCourse(AcDbObjectId pipe) {
     course.push_back(part.end);
   }
   return course;
+}
+
+OverlaySection SectionOfPipe(std::int32_t row, AcDbObjectId pipe, const CString& value,
+                             const CString& diameter) {
+  OverlaySection section = {.row = row, .pipes = {pipe}};
+  section.course = PipeCourse(pipe);
+  if (!value.empty()) section.value = _wtof(value);
+  if (!diameter.empty()) section.label = L"DN" + diameter;
+  return section;
 }
 
 }  // namespace zwt

@@ -92,4 +92,9 @@ const Overlay* CurrentOverlay();
 /// empty where the identifier is that of no pipe.
 std::vector<AcGePoint3d> PipeCourse(AcDbObjectId pipe);
 
+/// The section of one pipe with what its row shows: a number as value, a nominal diameter (mm) as label. An
+/// empty text gives none.
+OverlaySection SectionOfPipe(std::int32_t row, AcDbObjectId pipe, const CString& value,
+                             const CString& diameter);
+
 }  // namespace zwt
