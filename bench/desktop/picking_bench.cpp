@@ -5,31 +5,12 @@
 #include <benchmark/benchmark.h>
 
 #include "desktop/drawing_picker.h"
+#include "pipe_field.h"
 
 namespace {
 
-constexpr int kRows = 316;
-constexpr double kSpacing = 3000;  // mm
-
-/// A square field of pipes, upright and level by turns.
-void FillField(zwt::Drawing& drawing) {
-  drawing.BeginStep();
-  for (int i = 0; i < kRows * kRows; ++i) {
-    const double x = (i % kRows) * kSpacing;
-    const double y = (i / kRows) * kSpacing;
-    const bool upright = i % 2 == 0;
-    drawing.AddPipe({x, y, 0}, {x + (upright ? 0 : kSpacing), y + (upright ? kSpacing : 0), 0},
-                    {{L"WtSystem", L"给水"}, {L"ELS_TYPE", upright ? L"立管" : L"支管"}});
-  }
-  drawing.EndStep();
-}
-
-const zwt::Drawing& Field() {
-  static zwt::Drawing drawing;
-  static const bool filled = (FillField(drawing), true);
-  static_cast<void>(filled);
-  return drawing;
-}
+using pipe_field::Field;
+using pipe_field::kSide;
 
 bool IsRiser(std::int32_t entity) {
   CString role;
@@ -42,19 +23,17 @@ void PickUnderThePointer(benchmark::State& state) {
   double at = 0;
   for ([[maybe_unused]] auto _ : state) {
     at += 7919;
-    const double side = kRows * kSpacing;
     // Zoomed out to the whole field six pixels reach over dozens of pipes.
     benchmark::DoNotOptimize(
-        picker.Nearest({std::fmod(at, side), std::fmod(at * 3, side)}, side / 150, IsRiser));
+        picker.Nearest({std::fmod(at, kSide), std::fmod(at * 3, kSide)}, kSide / 150, IsRiser));
   }
 }
 BENCHMARK(PickUnderThePointer)->Unit(benchmark::kMicrosecond);
 
 void CrossingOverEverything(benchmark::State& state) {
   const zwt::DrawingPicker picker(Field());
-  const double side = kRows * kSpacing;
   for ([[maybe_unused]] auto _ : state) {
-    benchmark::DoNotOptimize(picker.Touching(QRectF(-1, -1, side + 2, side + 2), IsRiser));
+    benchmark::DoNotOptimize(picker.Touching(QRectF(-1, -1, kSide + 2, kSide + 2), IsRiser));
   }
 }
 BENCHMARK(CrossingOverEverything)->Unit(benchmark::kMillisecond);

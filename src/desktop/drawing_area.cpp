@@ -6,8 +6,6 @@
 #include <QWheelEvent>
 #include <cmath>
 
-#include "desktop/layer_colours.h"
-
 namespace zwt {
 
 namespace {
@@ -21,14 +19,19 @@ constexpr double kZoomOfNotch = 1.25;
 
 }  // namespace
 
-DrawingArea::DrawingArea(DrawingScene& scene, QWidget* parent) : QWidget(parent), scene_(scene) {
+DrawingArea::DrawingArea(DrawingScene& scene, QWidget* parent)
+    : QWidget(parent), scene_(scene), picture_(kGround) {
   setObjectName(QStringLiteral("drawingArea"));
   setAttribute(Qt::WA_OpaquePaintEvent);
   setMouseTracking(true);
   setFocusPolicy(Qt::StrongFocus);
   constexpr int kSmallest = 200;
   setMinimumSize(kSmallest, kSmallest);
-  scene_.onChanged = [this] { update(); };
+  scene_.onChanged = [this] {
+    pictureIsOld_ = true;
+    update();
+  };
+  picture_.onSharp = [this] { update(); };
   FollowCursor();
 }
 
@@ -82,22 +85,12 @@ PointerPlace DrawingArea::PlaceOf(const QPointF& pixel, Qt::KeyboardModifiers ke
 void DrawingArea::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.fillRect(rect(), kGround);
+  if (pictureIsOld_) picture_.SetContent(scene_.Picture(), scene_.ShownInPicture());
+  pictureIsOld_ = false;
+  picture_.Paint(painter, view_);
   painter.setRenderHint(QPainter::Antialiasing);
-  PaintDrawing(painter);
   if (overlay_ != nullptr) overlay_->Paint(painter, view_, kGround);
   if (Tool() != nullptr) Tool()->Paint(painter, view_);
-}
-
-void DrawingArea::PaintDrawing(QPainter& painter) const {
-  const DrawingPicker& picker = scene_.Picker();
-  const auto shown = [this](std::int32_t entity) { return scene_.IsShown(entity); };
-  for (const std::int32_t entity : picker.Touching(view_.Shown(), shown)) {
-    QPolygonF line;
-    for (const QPointF& corner : picker.ShapeOf(entity)) line.append(view_.ToPixel(corner));
-    const auto layer = static_cast<std::size_t>(WorkingDrawing().Entity(entity).layer);
-    painter.setPen(ColourOfLayer(WorkingDrawing().Data().layers[layer]));
-    painter.drawPolyline(line);
-  }
 }
 
 void DrawingArea::resizeEvent(QResizeEvent* event) {

@@ -10,6 +10,7 @@
 #include "desktop/drawing_overlay.h"
 #include "desktop/drawing_scene.h"
 #include "desktop/drawing_tool.h"
+#include "desktop/picture_cache.h"
 #include "desktop/view_transform.h"
 
 namespace zwt {
@@ -59,11 +60,12 @@ class DrawingArea : public QWidget {
   PointerPlace PlaceOf(const QPointF& pixel, Qt::KeyboardModifiers keys) const;
   void ViewChanged();
   void FollowCursor();
-  void PaintDrawing(QPainter& painter) const;
 
   DrawingScene& scene_;
   const DrawingOverlay* overlay_ = nullptr;
   ViewTransform view_;
+  PictureCache picture_;
+  bool pictureIsOld_ = true;
   DrawingTool* tool_ = nullptr;
   DrawingTool* standing_ = nullptr;
   QPointF pointer_;

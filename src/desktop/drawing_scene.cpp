@@ -1,8 +1,6 @@
 // The scene of the working drawing.
 #include "desktop/drawing_scene.h"
 
-#include <algorithm>
-
 #include "host/drawing/drawing.h"
 
 namespace zwt {
@@ -13,16 +11,11 @@ const Layer& LayerOf(std::int32_t layer) {
   return WorkingDrawing().Data().layers[static_cast<std::size_t>(layer)];
 }
 
-/// Grows an area to hold another; lines have an area without width or height.
-void Join(QRectF& area, const QRectF& other) {
-  area.setCoords(std::min(area.left(), other.left()), std::min(area.top(), other.top()),
-                 std::max(area.right(), other.right()), std::max(area.bottom(), other.bottom()));
-}
-
 }  // namespace
 
 void DrawingScene::Forget() {
   picker_.reset();
+  picture_.reset();
   isHidden_.clear();
   if (onChanged) onChanged();
 }
@@ -35,6 +28,19 @@ void DrawingScene::Reset() {
 const DrawingPicker& DrawingScene::Picker() const {
   if (picker_ == nullptr) picker_ = std::make_unique<DrawingPicker>(WorkingDrawing());
   return *picker_;
+}
+
+std::shared_ptr<const DisplayList> DrawingScene::Picture() const {
+  if (picture_ == nullptr) picture_ = std::make_shared<DisplayList>(MakeDisplayList(WorkingDrawing()));
+  return picture_;
+}
+
+std::vector<bool> DrawingScene::ShownInPicture() const {
+  const auto layers = static_cast<std::int32_t>(WorkingDrawing().Data().layers.size());
+  std::vector<bool> isShown;
+  isShown.reserve(static_cast<std::size_t>(layers));
+  for (std::int32_t i = 0; i < layers; ++i) isShown.push_back(IsLayerShown(i));
+  return isShown;
 }
 
 bool DrawingScene::IsLayerShown(std::int32_t layer) const {
@@ -60,18 +66,9 @@ bool DrawingScene::IsShown(std::int32_t entity) const {
 }
 
 std::optional<QRectF> DrawingScene::Extents() const {
-  std::optional<QRectF> extents;
-  const DrawingPicker& picker = Picker();
-  for (std::int32_t i = 0; i < WorkingDrawing().EntityCount(); ++i) {
-    if (picker.ShapeOf(i).empty() || !IsShown(i)) continue;
-    const QRectF bounds = picker.BoundsOf(i);
-    if (extents) {
-      Join(*extents, bounds);
-    } else {
-      extents = bounds;
-    }
-  }
-  return extents;
+  const PlaneBox box = Picture()->Extents(ShownInPicture());
+  if (box.IsEmpty()) return std::nullopt;
+  return QRectF(box.low.x, box.low.y, box.Width(), box.Height());
 }
 
 }  // namespace zwt

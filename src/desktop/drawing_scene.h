@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "desktop/drawing_picker.h"
+#include "host/drawing/display_list.h"
 
 namespace zwt {
 
@@ -21,6 +22,10 @@ class DrawingScene {
   void Reset();
 
   const DrawingPicker& Picker() const;
+  /// What there is to see of the drawing; it stays as it is while the drawing changes.
+  std::shared_ptr<const DisplayList> Picture() const;
+  /// By layer of the picture, whether the user sees it.
+  std::vector<bool> ShownInPicture() const;
 
   /// Whether the user sees a layer, by its index.
   bool IsLayerShown(std::int32_t layer) const;
@@ -36,6 +41,7 @@ class DrawingScene {
 
  private:
   mutable std::unique_ptr<DrawingPicker> picker_;
+  mutable std::shared_ptr<const DisplayList> picture_;
   std::map<CString, bool> switched_;    // layers that the user switched on or off, by name
   mutable std::vector<bool> isHidden_;  // by index of the layer, as far as it was asked for
 };

@@ -75,17 +75,28 @@ PlaneBox BoxOf(const DisplayText& text) {
 }
 
 PlaneBox DisplayList::Extents() const {
+  std::vector<bool> isShown;
+  isShown.reserve(layers.size());
+  for (const DisplayLayer& layer : layers) isShown.push_back(layer.shown);
+  return Extents(isShown);
+}
+
+PlaneBox DisplayList::Extents(const std::vector<bool>& isShown) const {
+  const auto shows = [&isShown](const DisplayItem& item) {
+    const auto layer = static_cast<std::size_t>(item.layer);
+    return layer >= isShown.size() || isShown[layer];
+  };
   PlaneBox box;
   for (const std::vector<DisplayPath>* paths : {&strokes, &areas}) {
     for (const DisplayPath& path : *paths) {
-      if (Shows(path)) box.Add(BoxOf(PointsOf(path)));
+      if (shows(path)) box.Add(BoxOf(PointsOf(path)));
     }
   }
   for (const DisplayText& text : texts) {
-    if (Shows(text)) box.Add(BoxOf(text));
+    if (shows(text)) box.Add(BoxOf(text));
   }
   for (const DisplayMark& mark : marks) {
-    if (Shows(mark)) box.Add(mark.position);
+    if (shows(mark)) box.Add(mark.position);
   }
   return box;
 }

@@ -91,8 +91,10 @@ struct DisplayList {
     return std::span(points).subspan(path.first, path.count);
   }
   bool Shows(const DisplayItem& item) const { return layers[static_cast<std::size_t>(item.layer)].shown; }
-  /// Box around all that is shown; empty where nothing is.
+  /// Box around all that the file's layers show; empty where nothing is.
   PlaneBox Extents() const;
+  /// The same where others are shown. isShown: by layer; those beyond its end are.
+  PlaneBox Extents(const std::vector<bool>& isShown) const;
 };
 
 /// Most points, lines, letters and marks that inserts may bring: those beyond are left out.
