@@ -12,7 +12,8 @@ namespace {
 std::unique_ptr<Drawing> Risers(std::int64_t pipes) {
   auto drawing = std::make_unique<Drawing>();
   for (std::int64_t i = 0; i < pipes / 2; ++i) {
-    const auto x = static_cast<double>(i / 30) * 3000;
+    const std::int64_t riser = i / 30;
+    const auto x = static_cast<double>(riser) * 3000;
     const auto y = static_cast<double>(i % 30) * 2900;
     drawing->AddPipe({x, y, 0}, {x, y + 2900, 0},
                      {{L"WtSystem", L"给水"}, {L"ELS_TYPE", i % 30 == 0 ? L"入口立管" : L"立管"}});

@@ -8,6 +8,7 @@
 #include <benchmark/benchmark.h>
 
 #include "host/drawing/connections.h"
+#include "host/drawing/tags.h"
 #include "host/dxf/dxf_file.h"
 #include "host/dxf/new_drawing_file.h"
 #include "host/platform/files.h"
@@ -19,22 +20,23 @@ namespace fs = std::filesystem;
 
 /// Lines with the extended data of a supply branch, about 300 bytes each.
 std::string LinesFile(std::int64_t count) {
-  std::string lines;
-  lines.reserve(static_cast<std::size_t>(count) * 320);
+  TagWriter lines("\n");
   for (std::int64_t i = 0; i < count; ++i) {
-    const std::string x = std::to_string(i % 1000 * 3000) + ".125";
-    const std::string y = std::to_string(i / 1000 * 2900) + ".5";
-    lines +=
-        "  0\nLINE\n  5\n" + HandleText(static_cast<std::uint64_t>(0x100 + i)) +
-        "\n330\n1F\n100\nAcDbEntity\n  8\n0\n100\nAcDbLine\n 10\n" + x + "\n 20\n" + y + "\n 30\n0.0\n 11\n" +
-        x + "\n 21\n" + y +
-        "25\n 31\n0.0\n1001\nZWT_PIPE\n1000\nWtSystem\n1000\n给水\n1000\nELS_TYPE\n1000\n" +
-        "支管\n1000\nMaterial\n1000\nPP-R管(S5)\n1000\nDiameter\n1000\n32\n1000\nEquivalent\n1000\n4.5\n" +
-        "1000\nDoorNum\n1000\n2\n1000\nUserNum\n1000\n3.5\n";
+    const double x = static_cast<double>(i % 1000) * 3000 + 0.125;
+    const std::int64_t row = i / 1000;
+    const double y = static_cast<double>(row) * 2900 + 0.5;
+    lines.Text(0, "LINE").Handle(5, static_cast<std::uint64_t>(0x100 + i)).Text(330, "1F");
+    lines.Text(100, "AcDbEntity").Text(8, "0").Text(100, "AcDbLine");
+    lines.Point(10, x, y, 0).Point(11, x, y + 2900.25, 0).Text(1001, "ZWT_PIPE");
+    for (const std::string_view text :
+         {"WtSystem", "给水", "ELS_TYPE", "支管", "Material", "PP-R管(S5)", "Diameter", "32", "Equivalent",
+          "4.5", "DoorNum", "2", "UserNum", "3.5"}) {
+      lines.Text(1000, text);
+    }
   }
   std::string bytes = NewDrawingFile();
   const std::string section = "ENTITIES\n";
-  bytes.insert(bytes.find(section) + section.size(), lines);
+  bytes.insert(bytes.find(section) + section.size(), lines.Bytes());
   return bytes;
 }
 
