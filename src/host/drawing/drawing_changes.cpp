@@ -316,8 +316,9 @@ Acad::ErrorStatus Drawing::SetFields(std::int32_t index, const FieldList& fields
   if (Entity(index).pipe < 0) return Acad::eNotThatKindOfClass;
   const Acad::ErrorStatus status = WriteFields(index, fields);
   if (status != Acad::eOk) return status;
+  if (fields.empty()) return Acad::eOk;
+  DrawingChange change = Describe(DrawingChange::Kind::SetField, index);
   for (const auto& [key, text] : fields) {
-    DrawingChange change = Describe(DrawingChange::Kind::SetField, index);
     change.key = key;
     change.text = text;
     Notify(change);
