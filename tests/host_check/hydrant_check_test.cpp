@@ -155,6 +155,17 @@ TEST_F(HydrantCheck, TheSecondRiserNeedsAsManyHydrantsAsGunsAreLeft) {
                 {0, 9000, 0}, {branches[0].back()});
 }
 
+TEST_F(HydrantCheck, RisersAreCountedFromTheMainAlsoWhereOneEndsInAnAirValve) {
+  Riser({0, 4 * kStorey, 0}, {0, 4 * kStorey + 500, 0});
+  // The main comes last in drawing order, behind the free end of the riser.
+  Erase(mains[0]);
+  Main({-5000, 0, 0}, {0, 0, 0});
+  settings.guns = 5;
+  EXPECT_THAT(Found("few-joints"), IsEmpty());  // from the valve only one hydrant would be seen
+  settings.guns = 6;
+  EXPECT_EQ(Only("few-joints").handles, std::vector{branches[0].back()});
+}
+
 TEST_F(HydrantCheck, WithoutATopHydrantNothingIsSaid) {
   for (const auto& branch : {branches[0].back(), branches[1].back()}) Set(branch, L"IsTopHydrant", L"true");
   Main({-5000, -4000, 0}, {-5000, 0, 0});

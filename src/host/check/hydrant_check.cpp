@@ -225,17 +225,21 @@ class HydrantCheck {
     }
   }
 
-  /// Free ends of mains, the first of each part, from which its risers are counted.
+  /// Free ends of mains, the first of each part, from which its risers are counted; of a riser, which may end
+  /// in an air valve, only where no main has one.
   std::vector<std::int32_t> Roots() const {
     std::vector<std::int32_t> roots;
     std::vector<char> known(At(hydrants_.PartCount()), 0);
-    for (std::int32_t edge = 0; edge < network_.EdgeCount(); ++edge) {
-      const RouteEdge& stretch = network_.Edge(edge);
-      if (hydrants_.RoleOf(stretch.pipe) == PipeRole::kBranch) continue;
-      for (const std::int32_t node : {stretch.start, stretch.end}) {
-        if (network_.EdgesAt(node).size() != 1) continue;
-        if (std::exchange(known[At(hydrants_.PartOfNode(node))], static_cast<char>(1)) == 0)
+    for (const bool ofRisers : {false, true}) {
+      for (std::int32_t edge = 0; edge < network_.EdgeCount(); ++edge) {
+        const PipeRole role = hydrants_.RoleOfEdge(edge);
+        if (role == PipeRole::kBranch || (role == PipeRole::kRiser) != ofRisers) continue;
+        for (const std::int32_t node : {network_.Edge(edge).start, network_.Edge(edge).end}) {
+          char& isKnown = known[At(hydrants_.PartOfNode(node))];
+          if (network_.EdgesAt(node).size() != 1 || isKnown != 0) continue;
+          isKnown = 1;
           roots.push_back(node);
+        }
       }
     }
     return roots;
