@@ -22,6 +22,22 @@ namespace zwt {
 
 namespace {
 
+/// The picture of an action, see icons.h.
+struct ActionPicture {
+  const char* action;  // its object name
+  const char* drawing;
+};
+
+constexpr ActionPicture kFilePictures[] = {
+    {"fileNew", R"(<path d="M5 2.5h9l5 5v14H5zM14 2.5v5h5"/>)"},
+    {"fileOpen", R"(<path d="M3 19.5V4.5h6l2 2.5h8v3M3 19.5 6.5 10H22l-3.5 9.5z"/>)"},
+    {"fileSave", R"(<path d="M3.5 3.5h14l3 3v14h-17zM7.5 3.5v5h8v-5M7 20.5v-7h10v7"/>)"},
+    {"editUndo", R"(<path d="M4 9h10.5a5.5 5.5 0 0 1 0 11H9M8.5 4.5 4 9l4.5 4.5"/>)"},
+    {"editRedo", R"(<path d="M20 9H9.5a5.5 5.5 0 0 0 0 11H15M15.5 4.5 20 9l-4.5 4.5"/>)"},
+    {"viewExtents",
+     R"(<path d="M3 8V3h5M16 3h5v5M21 16v5h-5M8 21H3v-5"/><rect x="8" y="8" width="8" height="8"/>)"},
+};
+
 /// The file that is dragged, where it is one drawing; otherwise empty.
 QString DroppedDrawing(const QMimeData& data) {
   if (data.urls().size() != 1) return {};
@@ -54,6 +70,7 @@ MainWindow::MainWindow()
   MakeEditMenu();
   MakeViewMenu();
   MakeCommandActions();
+  MakeFileBar();
   MakeHelpMenu();
   MakeStatusBar();
   session_.onBegun = [this] {
@@ -222,6 +239,19 @@ void MainWindow::MakeCommandActions() {
       actions_[name] = action;
     }
   }
+}
+
+void MainWindow::MakeFileBar() {
+  auto* bar = new QToolBar(QStringLiteral("文件"), this);
+  bar->setObjectName(QStringLiteral("fileBar"));
+  for (const ActionPicture& picture : kFilePictures) {
+    auto* action = findChild<QAction*>(QLatin1String(picture.action));
+    action->setIcon(MakeIcon(picture.drawing, QColor(0x45, 0x5a, 0x64)));
+    bar->addAction(action);
+  }
+  auto* commands = findChild<QToolBar*>(QStringLiteral("commandBar"));
+  bar->setIconSize(commands->iconSize());
+  insertToolBar(commands, bar);
 }
 
 void MainWindow::TakeOverCommands() {

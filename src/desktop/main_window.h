@@ -72,6 +72,7 @@ class MainWindow : public QMainWindow {
   void FollowDocument();
   void FollowResults();
   void MakeCommandActions();
+  void MakeFileBar();
   void MakeHelpMenu();
   void MakeStatusBar();
   void RestoreWindow();

@@ -1,6 +1,7 @@
 // Files from the user's side: menu, drag and drop, recent files, unsaved changes, other programs.
 #include <QDropEvent>
 #include <QMimeData>
+#include <QToolBar>
 #include <QUrl>
 #include <fstream>
 
@@ -114,6 +115,24 @@ TEST_F(FileActionsTest, SaveWritesIntoTheFileAndSaveAsMovesThere) {
   Trigger("fileSaveAs");
   EXPECT_EQ(desk.Window().GetDocument().Name(), QStringLiteral("copy.dxf"));
   EXPECT_EQ(ReadDrawing(File("copy.dxf"))->EntityCount(), 76);
+}
+
+TEST_F(FileActionsTest, ToolBarUndoesAndSaves) {
+  const std::filesystem::path file = desk.Open("examples/drainage-stack.dxf");
+  Change();
+  const auto press = [&](const char* name) {
+    auto* bar = desk.Window().findChild<QToolBar*>(QStringLiteral("fileBar"));
+    QWidget* button = bar->widgetForAction(desk.Window().findChild<QAction*>(QLatin1String(name)));
+    QTest::mouseClick(button, Qt::LeftButton);
+    QCoreApplication::processEvents();
+  };
+  press("editUndo");
+  EXPECT_FALSE(desk.Window().isWindowModified());
+  press("editRedo");
+  EXPECT_TRUE(desk.Window().isWindowModified());
+  press("fileSave");
+  EXPECT_FALSE(desk.Window().isWindowModified());
+  EXPECT_EQ(ReadDrawing(file)->EntityCount(), 76);
 }
 
 TEST_F(FileActionsTest, DrawingThatCannotBeWrittenIsTold) {
