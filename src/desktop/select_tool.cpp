@@ -67,13 +67,13 @@ void SelectTool::PickOne(std::int32_t entity, bool takeOut) {
   if (single_ && onEnded) onEnded(true);
 }
 
-void SelectTool::PickFrame(bool takeOut) {
-  const Frame frame = *std::exchange(frame_, std::nullopt);
-  const QRectF area = QRectF(frame.from, frame.to).normalized();
+void SelectTool::PickFrame(const QPointF& from, const QPointF& to, bool takeOut) {
+  frame_.reset();
+  const QRectF area = QRectF(from, to).normalized();
   const auto mayPick = [this](std::int32_t entity) { return MayPick(entity); };
   const DrawingPicker& picker = scene_.Picker();
   const std::vector<std::int32_t> found =
-      IsCrossing(frame.from, frame.to) ? picker.Touching(area, mayPick) : picker.Inside(area, mayPick);
+      IsCrossing(from, to) ? picker.Touching(area, mayPick) : picker.Inside(area, mayPick);
   const std::vector<std::int32_t> before = picked_;
   if (takeOut) {
     std::erase_if(
@@ -99,8 +99,7 @@ void SelectTool::PickAll() {
 
 void SelectTool::Press(const PointerPlace& at) {
   if (frame_) {
-    frame_->to = at.place;
-    PickFrame(at.shift);
+    PickFrame(QPointF(frame_->from), at.place, at.shift);
     return;
   }
   const std::int32_t hit = Under(at);
@@ -131,8 +130,7 @@ void SelectTool::Release(const PointerPlace& at) {
     if (onRefused) onRefused();
     return;
   }
-  frame_->to = at.place;
-  PickFrame(at.shift);
+  PickFrame(QPointF(frame_->from), at.place, at.shift);
 }
 
 void SelectTool::Leave() {
@@ -182,9 +180,9 @@ void SelectTool::PaintShapes(QPainter& painter, const ViewTransform& view,
   painter.setRenderHint(QPainter::Antialiasing, hints.testFlag(QPainter::Antialiasing));
 }
 
-void SelectTool::PaintFrame(QPainter& painter, const ViewTransform& view) const {
-  const QRectF area = QRectF(view.ToPixel(frame_->from), view.ToPixel(frame_->to)).normalized();
-  const bool crossing = IsCrossing(frame_->from, frame_->to);
+void SelectTool::PaintFrame(QPainter& painter, const ViewTransform& view, const Frame& frame) {
+  const QRectF area = QRectF(view.ToPixel(frame.from), view.ToPixel(frame.to)).normalized();
+  const bool crossing = IsCrossing(frame.from, frame.to);
   QColor colour = crossing ? QColor(0x66, 0xbb, 0x6a) : kPickedColour;
   painter.setPen(QPen(colour, 1, crossing ? Qt::DashLine : Qt::SolidLine));
   constexpr int kFaint = 40;
@@ -197,7 +195,7 @@ void SelectTool::Paint(QPainter& painter, const ViewTransform& view) const {
   painter.setBrush(Qt::NoBrush);
   PaintShapes(painter, view, picked_, kPickedColour);
   if (hovered_ >= 0) PaintShapes(painter, view, std::span(&hovered_, 1), kHoverColour);
-  if (frame_) PaintFrame(painter, view);
+  if (frame_) PaintFrame(painter, view, *frame_);
 }
 
 }  // namespace zwt

@@ -61,11 +61,11 @@ class SelectTool : public DrawingTool {
   std::int32_t Under(const PointerPlace& at) const;
   bool IsOtherUnder(const PointerPlace& at) const;
   void PickOne(std::int32_t entity, bool takeOut);
-  void PickFrame(bool takeOut);
+  void PickFrame(const QPointF& from, const QPointF& to, bool takeOut);
   bool Change(std::int32_t entity, bool takeOut);
   void PaintShapes(QPainter& painter, const ViewTransform& view, std::span<const std::int32_t> entities,
                    const QColor& colour) const;
-  void PaintFrame(QPainter& painter, const ViewTransform& view) const;
+  static void PaintFrame(QPainter& painter, const ViewTransform& view, const Frame& frame);
 
   const DrawingScene& scene_;
   Filter filter_;
