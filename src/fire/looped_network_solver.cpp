@@ -110,13 +110,17 @@ class SectionLaw {
   double tenToMinusNine_ = WholePower(10.0, -9);
 };
 
+constexpr int kHeadDecimals = 9;  // heads at the ends of a section agree in their first digits
+
 /// Flow of a section, L/s, from the heads at its ends.
 double SectionFlow(double conductance, double startHead, double endHead, Trace* trace = nullptr) {
   const double flow = conductance * std::fabs(startHead - endHead);
   if (trace != nullptr) {
     trace->push_back({.subject = L"管段流量 q",
                       .formula = L"c·|H1 - H2|",
-                      .substitution = WithNumbers(L"# × |# - #|", {conductance, startHead, endHead}),
+                      .substitution = WithNumbers(L"# × |", {conductance}) +
+                                      FormatFixed(startHead, kHeadDecimals) + L" - " +
+                                      FormatFixed(endHead, kHeadDecimals) + L"|",
                       .result = ZwtNum2Str(flow, 3) + L" L/s"});
   }
   return flow;

@@ -3,10 +3,13 @@
 #include <algorithm>
 #include <cmath>
 
+#include "supply/flow_steps.h"
 #include "supply/outflow_coefficient.h"
 
 namespace zwt {
 namespace {
+
+constexpr int kFlowDecimals = 3;  // of the panel
 
 constexpr DesignFlowSite kUnknownSite{L"", 0, 0, 0, 0};
 
@@ -31,13 +34,26 @@ DesignFlowRefusal CheckDesignFlow(const DesignFlowInputs& inputs) {
   return inputs.equivalents == 0 ? DesignFlowRefusal::Equivalents : DesignFlowRefusal::None;
 }
 
-double DesignFlow(const DesignFlowInputs& inputs) {
+double DesignFlow(const DesignFlowInputs& inputs, Trace* trace) {
   const DesignFlowSite& site = FindSite(inputs.site);
   const double equivalents = inputs.equivalents;
-  if (!IsDwelling(site)) return RootFlow(site.rootFactor, equivalents);
-  const double u0 =
-      OutflowProbability(site.quota, inputs.personsPerHousehold, site.hourlyFactor, site.hours, equivalents);
-  return ProbabilityFlow(UseRatio(OutflowCoefficient(u0, kFarthestRow), equivalents), equivalents);
+  if (!IsDwelling(site)) {
+    const double flow = RootFlow(site.rootFactor, equivalents);
+    if (trace != nullptr) trace->push_back(RootFlowStep(site.rootFactor, equivalents, flow, kFlowDecimals));
+    return flow;
+  }
+  const double persons = inputs.personsPerHousehold;
+  const double u0 = OutflowProbability(site.quota, persons, site.hourlyFactor, site.hours, equivalents);
+  const double coefficient = OutflowCoefficient(u0, kFarthestRow);
+  const double ratio = UseRatio(coefficient, equivalents);
+  const double flow = ProbabilityFlow(ratio, equivalents);
+  if (trace != nullptr) {
+    trace->push_back(ProbabilityStep({site.quota, persons, site.hourlyFactor, site.hours, equivalents}, u0));
+    trace->push_back(CoefficientStep(u0, coefficient));
+    trace->push_back(RatioStep(coefficient, equivalents, ratio));
+    trace->push_back(ProbabilityFlowStep(ratio, equivalents, flow, kFlowDecimals));
+  }
+  return flow;
 }
 
 }  // namespace zwt

@@ -6,6 +6,7 @@
 #include <array>
 #include <cstdint>
 
+#include "host/text/trace.h"
 #include "host/text/wide_text.h"
 
 namespace zwt {
@@ -52,6 +53,6 @@ DesignFlowRefusal CheckDesignFlow(const DesignFlowInputs& inputs);
 
 /// Design flow in L/s. A site that is not in the table counts as a public building with the factor 0: no
 /// flow. Negative equivalents give no number.
-double DesignFlow(const DesignFlowInputs& inputs);
+double DesignFlow(const DesignFlowInputs& inputs, Trace* trace = nullptr);
 
 }  // namespace zwt

@@ -85,6 +85,14 @@ constexpr int kFlowResults[] = {2024, 2025, 2026};
 
 }  // namespace
 
+namespace {
+
+InletMaterial InletMaterialOf(const CString& material) {
+  return material == L"塑料管" ? InletMaterial::Plastic : InletMaterial::Metal;
+}
+
+}  // namespace
+
 constexpr PanelTemplate kDesignFlowPanel = {.resource = 2005,
                                             .className = L"ZcUiComputeGSDialog",
                                             .title = L"给水计算",
@@ -102,6 +110,21 @@ void RunDesignFlowCommand() {
 ZcUiComputeGSDialog::ZcUiComputeGSDialog() : ZcUiDialog(zwt::kDesignFlowPanel) {
   OnClick(1, [this] { Calculate(); });
   OnClick(2015, [this] { SumFixtures(); });
+  OnExplain(2024, [this](int) {
+    zwt::Trace trace;
+    if (calculated_) zwt::DesignFlow(*calculated_, &trace);
+    return trace;
+  });
+  OnExplain(2025, [this](int) {
+    zwt::Trace trace = ExplainSize();
+    trace.resize(std::min<std::size_t>(trace.size(), 1));
+    return trace;
+  });
+  OnExplain(2026, [this](int) {
+    zwt::Trace trace = ExplainSize();
+    trace.erase(trace.begin(), trace.begin() + (trace.empty() ? 0 : 1));
+    return trace;
+  });
   inputs_.site = zwt::kSiteNames[0];
 }
 
@@ -124,12 +147,22 @@ void ZcUiComputeGSDialog::Calculate() {
   }
   const double flow = zwt::DesignFlow(inputs_);
   flowText_ = zwt::FormatFixed(flow, 3);
-  const auto material = material_ == L"塑料管" ? zwt::InletMaterial::Plastic : zwt::InletMaterial::Metal;
-  if (const auto chosen = zwt::ChooseInletDiameter(material, flow)) {
+  calculated_ = inputs_;
+  calculatedMaterial_ = material_;
+  if (const auto chosen = zwt::ChooseInletDiameter(zwt::InletMaterialOf(material_), flow)) {
     diameterText_ = ZwtNum2Str(chosen->diameter);
     velocityText_ = zwt::FormatFixed(chosen->velocity, 2);
   }
   UpdateData(false);
+}
+
+zwt::Trace ZcUiComputeGSDialog::ExplainSize() const {
+  zwt::Trace trace;
+  if (calculated_) {
+    zwt::ChooseInletDiameter(zwt::InletMaterialOf(calculatedMaterial_), zwt::DesignFlow(*calculated_),
+                             &trace);
+  }
+  return trace;
 }
 
 void ZcUiComputeGSDialog::SumFixtures() {

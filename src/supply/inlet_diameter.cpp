@@ -1,8 +1,12 @@
 #include "supply/inlet_diameter.h"
 
+#include <algorithm>
 #include <array>
 #include <span>
+#include <utility>
 #include <vector>
+
+#include "supply/flow_steps.h"
 
 namespace zwt {
 namespace {
@@ -30,6 +34,8 @@ constexpr std::array kPlasticSizes = {
     InletSize{300, 296}, InletSize{350, 334}, InletSize{400, 376},
 };
 
+constexpr int kVelocityDecimals = 2;  // of the panels
+
 constexpr double kMetalLargestGap = 999999;     // m/s
 constexpr double kPlasticLargestGap = 9999999;  // m/s
 
@@ -49,12 +55,25 @@ std::vector<SizedVelocity> Velocities(std::span<const InletSize> sizes, double f
 
 }  // namespace
 
-std::optional<SizedVelocity> ChooseInletDiameter(InletMaterial material, double flow) {
-  if (material == InletMaterial::Metal) {
-    return ChooseByVelocity(Velocities(kMetalSizes, flow, Velocity), {kMetalSizes.size(), kMetalLargestGap});
+std::optional<SizedVelocity> ChooseInletDiameter(InletMaterial material, double flow, Trace* trace) {
+  const bool isMetal = material == InletMaterial::Metal;
+  const std::span<const InletSize> sizes = isMetal ? std::span<const InletSize>(kMetalSizes) : kPlasticSizes;
+  const FallbackLimits fallback{sizes.size(), isMetal ? kMetalLargestGap : kPlasticLargestGap};
+  const auto chosen =
+      ChooseByVelocity(Velocities(sizes, flow, isMetal ? Velocity : PlasticVelocity), fallback);
+  if (trace == nullptr) return chosen;
+  trace->push_back(
+      SizeStep(isMetal ? L"金属管" : L"塑料管", chosen ? chosen->diameter : 0, chosen.has_value()));
+  if (!chosen) return chosen;
+  const auto size = std::find_if(sizes.begin(), sizes.end(),
+                                 [&](const InletSize& each) { return each.diameter == chosen->diameter; });
+  TraceStep step = VelocityStep(size->inner, flow, chosen->velocity, kVelocityDecimals);
+  if (!isMetal) {
+    step.formula = L"1.273·qg / (1000·dj²)";
+    step.substitution = WithNumbers(L"1.273 × # / (1000 × (# × 0.001)²)", {flow, size->inner});
   }
-  return ChooseByVelocity(Velocities(kPlasticSizes, flow, PlasticVelocity),
-                          {kPlasticSizes.size(), kPlasticLargestGap});
+  trace->push_back(std::move(step));
+  return chosen;
 }
 
 }  // namespace zwt

@@ -5,14 +5,15 @@
 #include <cstdint>
 #include <optional>
 
+#include "host/text/trace.h"
 #include "supply/velocity_choice.h"
 
 namespace zwt {
 
 enum class InletMaterial : std::int32_t { Metal, Plastic };
 
-/// Nominal diameter (mm) and velocity (m/s) for a flow in L/s. Nothing where no size fits: the panel then
-/// keeps what it shows.
-std::optional<SizedVelocity> ChooseInletDiameter(InletMaterial material, double flow);
+/// Nominal diameter (mm) and velocity (m/s) for a flow in L/s, a step each in a trace. Nothing where no size
+/// fits: the panel then keeps what it shows.
+std::optional<SizedVelocity> ChooseInletDiameter(InletMaterial material, double flow, Trace* trace = nullptr);
 
 }  // namespace zwt

@@ -2,6 +2,7 @@
 // nothing of the panel or of the tables that the quota comes from.
 #pragma once
 
+#include "host/text/trace.h"
 #include "host/text/wide_text.h"
 
 namespace zwt {
@@ -15,12 +16,12 @@ struct MaxDayInputs {
 };
 
 /// Maximum-day volume in m³, with three decimals (GB 50015-2003, 3.1.9 and 3.1.10).
-CString MaxDayText(const MaxDayInputs& inputs);
+CString MaxDayText(const MaxDayInputs& inputs, Trace* trace = nullptr);
 
 /// Maximum-hour volume in m³, with three decimals, of the day volume that maxDayText shows: its rounding is
 /// carried on. The allowance enters a second time, on a day that holds it already: that is how the hour is
 /// defined here. "0.000" for zero hours or a zero factor.
-CString MaxHourText(const MaxDayInputs& inputs, const CString& maxDayText);
+CString MaxHourText(const MaxDayInputs& inputs, const CString& maxDayText, Trace* trace = nullptr);
 
 /// Flow of a dwelling's inlet pipe in L/s by the probability method, for the equivalents of one household and
 /// the users of the whole building. Equivalents of 0 are to be refused before; below 1 the flow is not a

@@ -90,6 +90,16 @@ ZcUiMaxDayDialog::ZcUiMaxDayDialog() : ZcUiDialog(zwt::kMaxDayPanel) {
   OnClick(1, [this] { Calculate(); });
   OnClick(2000, [this] { PickQuota(); });
   OnClick(2013, [this] { EstimateInlet(); });
+  OnExplain(2005, [this](int) {
+    zwt::Trace trace;
+    if (calculated_) zwt::MaxDayText(*calculated_, &trace);
+    return trace;
+  });
+  OnExplain(2006, [this](int) {
+    zwt::Trace trace;
+    if (calculated_) zwt::MaxHourText(*calculated_, maxDayText_, &trace);
+    return trace;
+  });
 }
 
 void ZcUiMaxDayDialog::DoDataExchange(CDataExchange* exchange) {
@@ -105,6 +115,7 @@ void ZcUiMaxDayDialog::DoDataExchange(CDataExchange* exchange) {
 
 void ZcUiMaxDayDialog::Calculate() {
   if (!UpdateData(true)) return;
+  calculated_ = inputs_;
   maxDayText_ = zwt::MaxDayText(inputs_);
   maxHourText_ = zwt::MaxHourText(inputs_, maxDayText_);
   UpdateData(false);

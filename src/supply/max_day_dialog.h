@@ -1,6 +1,8 @@
 // The panel of the command ZWTGRGS: maximum-day and maximum-hour water use of a building.
 #pragma once
 
+#include <optional>
+
 #include "host/dialog/dialog.h"
 #include "supply/max_day.h"
 
@@ -26,6 +28,7 @@ class ZcUiMaxDayDialog : public ZcUiDialog {
   void EstimateInlet();
 
   zwt::MaxDayInputs inputs_;
+  std::optional<zwt::MaxDayInputs> calculated_;  // what the results belong to
   CString quotaName_;
   CString maxDayText_;   // m³
   CString maxHourText_;  // m³

@@ -7,6 +7,7 @@
 
 #include "data/materials.h"
 #include "host/text/number_text.h"
+#include "supply/flow_steps.h"
 #include "supply/outflow_coefficient.h"
 
 namespace zwt {
@@ -48,30 +49,14 @@ double FlowOf(const SupplySectionInput& section, double useRatio, const CString&
   return 0;
 }
 
-constexpr const wchar_t* kFlowSubject = L"设计秒流量 qg";
+// Decimals of the results table.
+constexpr int kFlowDecimals = 2;
+constexpr int kVelocityDecimals = 3;
+
 constexpr const wchar_t* kVelocitySubject = L"流速 v";
 
-CString FlowText(double flow) {
-  return ZwtNum2Str(flow, 2) + L" L/s";
-}
-
 CString VelocityText(double velocity) {
-  return ZwtNum2Str(velocity, 3) + L" m/s";
-}
-
-TraceStep ChoiceStep(const CString& material, std::int32_t diameter, bool isFound) {
-  const CString rule = L"流速在适宜范围内的居中一档，无则取低于 0.8 m/s 而最接近者";
-  return {.subject = L"管径 DN",
-          .substitution = isFound ? material + L"，" + rule : CString(L"没有流速适宜的管径"),
-          .result = ZwtNum2Str(diameter) + L" mm",
-          .source = L"GB 50015-2003 第3.6.9条"};
-}
-
-TraceStep VelocityStep(double innerDiameter, double flow, double velocity) {
-  return {.subject = kVelocitySubject,
-          .formula = L"4·qg / (π·dj²)",
-          .substitution = WithNumbers(L"4 × # × 0.001 / (π × (# × 0.001)²)", {flow, innerDiameter}),
-          .result = VelocityText(velocity)};
+  return ZwtNum2Str(velocity, kVelocityDecimals) + L" m/s";
 }
 
 }  // namespace
@@ -80,14 +65,8 @@ double MeanOutflowProbability(double quota, double persons, double hourlyFactor,
                               double equivalents, Trace* trace) {
   const bool isDefined = hours != 0 && equivalents != 0;
   const double u0 = isDefined ? OutflowProbability(quota, persons, hourlyFactor, hours, equivalents) : 0;
-  if (trace != nullptr) {
-    trace->push_back({.subject = L"最大用水时平均出流概率 U0",
-                      .formula = L"100·q0·m·Kh / (0.2·Ng·T·3600)",
-                      .substitution = WithNumbers(L"100 × # × # × # / (0.2 × # × # × 3600)",
-                                                  {quota, persons, hourlyFactor, equivalents, hours}),
-                      .result = FormatFixed(u0, 3) + L" %",
-                      .source = L"GB 50015-2003 第3.6.4条"});
-  }
+  if (trace != nullptr)
+    trace->push_back(ProbabilityStep({quota, persons, hourlyFactor, hours, equivalents}, u0));
   return u0;
 }
 
@@ -95,42 +74,22 @@ double SimultaneousRatio(double u0, double equivalents, Trace* trace) {
   const double coefficient = OutflowCoefficient(u0);
   const double ratio = UseRatio(coefficient, equivalents);
   if (trace != nullptr) {
-    trace->push_back({.subject = L"系数 αc",
-                      .substitution = WithNumbers(L"按最接近 U0 = # % 的一行取值", {u0}),
-                      .result = FormatBound(coefficient),
-                      .source = L"GB 50015-2003 附录C"});
-    trace->push_back(
-        {.subject = L"同时出流概率 U",
-         .formula = L"(1 + αc·(Ng - 1)^0.49) / √Ng",
-         .substitution = WithNumbers(L"(1 + # × (# - 1)^0.49) / √#", {coefficient, equivalents, equivalents}),
-         .result = ZwtNum2Str(ratio, 2),
-         .source = L"GB 50015-2003 第3.6.4条"});
+    trace->push_back(CoefficientStep(u0, coefficient));
+    trace->push_back(RatioStep(coefficient, equivalents, ratio));
   }
   return ratio;
 }
 
 double ResidentialFlow(double equivalents, double useRatio, Trace* trace) {
   const double flow = ProbabilityFlow(useRatio, equivalents);
-  if (trace != nullptr) {
-    trace->push_back({.subject = kFlowSubject,
-                      .formula = L"0.2·U·Ng",
-                      .substitution = WithNumbers(L"0.2 × # × #", {useRatio, equivalents}),
-                      .result = FlowText(flow),
-                      .source = L"GB 50015-2003 第3.6.4条"});
-  }
+  if (trace != nullptr) trace->push_back(ProbabilityFlowStep(useRatio, equivalents, flow, kFlowDecimals));
   return flow;
 }
 
 double PublicFlow(double equivalents, const CString& place, Trace* trace) {
   const double factor = FactorOf(place);
   const double flow = RootFlow(factor, equivalents);
-  if (trace != nullptr) {
-    trace->push_back({.subject = kFlowSubject,
-                      .formula = L"0.2·α·√Ng",
-                      .substitution = WithNumbers(L"0.2 × # × √#", {factor, equivalents}),
-                      .result = FlowText(flow),
-                      .source = L"GB 50015-2003 第3.6.5条"});
-  }
+  if (trace != nullptr) trace->push_back(RootFlowStep(factor, equivalents, flow, kFlowDecimals));
   return flow;
 }
 
@@ -152,14 +111,14 @@ void SelectDiameter(const CString& material, double flow, std::int32_t& diameter
     velocity = chosen->velocity;
   }
   if (trace == nullptr) return;
-  trace->push_back(ChoiceStep(material, diameter, chosen.has_value()));
+  trace->push_back(SizeStep(material, diameter, chosen.has_value()));
   const auto size = std::find_if(sizes.begin(), sizes.end(),
                                  [&](const SizedVelocity& one) { return one.diameter == diameter; });
   if (size == sizes.end()) {
     trace->push_back({.subject = kVelocitySubject, .result = VelocityText(velocity)});
   } else {
     const auto index = static_cast<std::int32_t>(size - sizes.begin());
-    trace->push_back(VelocityStep(inner.GetAt(index), flow, velocity));
+    trace->push_back(VelocityStep(inner.GetAt(index), flow, velocity, kVelocityDecimals));
   }
 }
 
@@ -211,7 +170,7 @@ ChangedDiameterResult RecalculateSection(const CString& material, std::int32_t d
   double outer = 0;
   ZwtGetMaterialParam(material, diameter, inner, outer);
   const double velocity = Velocity(inner, flow);
-  if (trace != nullptr) trace->push_back(VelocityStep(inner, flow, velocity));
+  if (trace != nullptr) trace->push_back(VelocityStep(inner, flow, velocity, kVelocityDecimals));
   return {velocity, SectionHeadLoss(material, diameter, flow, length, trace)};
 }
 

@@ -50,11 +50,24 @@ TEST(Explanation, IsNotGivenUnasked) {
 }
 
 TEST(Explanation, PanelsThatTellNothingPrintTheirTableAlone) {
-  const std::vector<std::string> plain = {"calc",      "ZWTGRGS",          "quota=300",
-                                          "users=320", "hourlyFactor=2.2", "hours=24"};
+  const std::vector<std::string> plain = {"calc", "ZWTXHS", "inputText=5"};
   std::vector<std::string> asked = plain;
   asked.emplace_back("--explain");
   EXPECT_EQ(Call(asked).output, Call(plain).output);
+}
+
+TEST(Explanation, AFieldIsToldUnderItsLabel) {
+  const std::string output =
+      Call({"calc", "ZWTGRGS", "quota=300", "users=320", "hourlyFactor=2.2", "hours=24", "--explain"}).output;
+  EXPECT_EQ(output.substr(output.find("\n\n")),
+            "\n\n最高日用水量(立方米)：\n"
+            "  用水量 Q：q0·m = 300 × 320 = 96000 L  [GB 50015-2003 第3.1.9条]\n"
+            "  未预见水量 ΔQ：Q·p·0.01 = 96000 × 10 × 0.01 = 9600 L\n"
+            "  最高日用水量 Qd：(Q + ΔQ)·0.001 = (96000 + 9600) × 0.001 = 105.600 m³\n"
+            "\n最高时用水量(立方米)：\n"
+            "  平均时用水量 Qp：Qd / T = 105600 / 24 = 4400 L  [GB 50015-2003 第3.1.10条]\n"
+            "  高峰时用水量 Q1：Kh·Qp = 2.2 × 4400 = 9680 L  [GB 50015-2003 第3.1.10条]\n"
+            "  最高时用水量 Qh：(Q1 + Q1·p·0.01)·0.001 = (9680 + 9680 × 10 × 0.01) × 0.001 = 10.648 m³\n");
 }
 
 TEST(Explanation, IsPartOfTheJson) {
