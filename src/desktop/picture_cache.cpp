@@ -21,6 +21,9 @@ constexpr std::size_t kMostSmooth = 30000;
 constexpr double kMargin = 0.25;
 constexpr double kLeastMargin = 0.08;
 
+/// A picture stretched or shrunk by more says nothing, and is beyond what painters count with.
+constexpr double kMostLarger = 20;
+
 QRectF Grown(const QRectF& area, double part) {
   const double x = area.width() * part;
   const double y = area.height() * part;
@@ -113,8 +116,10 @@ bool PictureCache::NeedsJob(const ViewTransform& view) const {
 }
 
 void PictureCache::PaintPicture(QPainter& painter, const ViewTransform& view) const {
-  const QPointF corner = view.ToPixel(pictureView_.ToPlace(QPointF(0, 0)));
   const double larger = view.Scale() / pictureView_.Scale();
+  const bool isNear = larger < kMostLarger && larger > 1 / kMostLarger;
+  if (!isNear || !pictureView_.Shown().intersects(view.Shown())) return;
+  const QPointF corner = view.ToPixel(pictureView_.ToPlace(QPointF(0, 0)));
   if (larger == 1) {  // on whole pixels nothing is blurred, and copying is all there is to do
     painter.drawImage(corner.toPoint(), picture_);
   } else {

@@ -168,6 +168,12 @@ TEST(DrawingPainter, TextsTurnMirrorAndFit) {
   EXPECT_NEAR(fitted.right(), 90, 4);
 }
 
+TEST(DrawingPainter, HugeZoomsIntoATextEnd) {
+  // A letter three million pixels high: its stem fills the window, or nothing of it is there.
+  EXPECT_EQ(Canvas("0 TEXT|8 0|10 -4.2|20 -15|40 30|1 H", 1e5).Painted(), "0,0 100,100");
+  EXPECT_EQ(Canvas("0 TEXT|8 0|10 20|20 20|40 30|1 H", 1e5).Painted(), "");
+}
+
 TEST(DrawingPainter, TextsTooSmallToReadAreBars) {
   const QRect bar = Canvas("0 TEXT|8 0|10 -30|20 0|40 2|1 水水水水水水水水水水").Box();
   ExpectNear(bar, 20, 49, 47, 50);

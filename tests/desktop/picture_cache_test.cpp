@@ -132,6 +132,29 @@ TEST_F(PictureCacheTest, ZoomingShowsTheFormerPictureLargerUntilTheNewOneIsThere
   EXPECT_EQ(Differing(Show(), Painted(*list, view)), 0);
 }
 
+TEST_F(PictureCacheTest, AfterALeapTheGroundIsSeenUntilThePictureIsThere) {
+  const auto list = Comb(5000);
+  Use(list);
+  QImage ground(kWidth, kHeight, QImage::Format_RGB32);
+  ground.fill(kGround);
+  const ViewTransform before = view;
+  for (const bool zoomed : {false, true}) {
+    view = before;
+    Show();
+    cache.Finish();
+    if (zoomed) {
+      view.ZoomAt(QPointF(0, 0), 1e4);
+    } else {
+      view.Pan(QPointF(1e12, 0));
+    }
+    EXPECT_EQ(Show(), ground);
+    EXPECT_FALSE(cache.IsSharp());
+    cache.Finish();
+    EXPECT_EQ(Differing(Show(), Painted(*list, view)), 0);
+    EXPECT_TRUE(cache.IsSharp());
+  }
+}
+
 TEST_F(PictureCacheTest, WhereTheViewMovedMeanwhileTheLastViewIsMade) {
   const auto list = Comb(5000);
   Use(list);
