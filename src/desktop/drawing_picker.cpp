@@ -131,15 +131,19 @@ std::vector<std::int32_t> DrawingPicker::Inside(const QRectF& area, const Accept
 }
 
 std::vector<std::int32_t> DrawingPicker::Touching(const QRectF& area, const Accept& accept) const {
-  std::vector<std::int32_t> found;
+  // Marks bring what the tree finds into drawing order sooner than sorting does.
+  std::vector<char> touches(firstCorner_.size());
   for (const std::int32_t stretch : Near(area)) {
     const auto number = static_cast<std::size_t>(stretch);
     const std::size_t at = stretches_[number];
-    if (StretchMeets(area, corners_[at], corners_[at + 1])) found.push_back(owners_[number]);
+    char& mark = touches[static_cast<std::size_t>(owners_[number])];
+    if (mark == 0 && StretchMeets(area, corners_[at], corners_[at + 1])) mark = 1;
   }
-  std::sort(found.begin(), found.end());
-  found.erase(std::unique(found.begin(), found.end()), found.end());
-  std::erase_if(found, [&](std::int32_t entity) { return !accept(entity); });
+  std::vector<std::int32_t> found;
+  for (std::size_t i = 0; i < touches.size(); ++i) {
+    const auto entity = static_cast<std::int32_t>(i);
+    if (touches[i] != 0 && accept(entity)) found.push_back(entity);
+  }
   return found;
 }
 
