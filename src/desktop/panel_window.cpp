@@ -91,7 +91,9 @@ void PanelWindow::SetTabOrder() {
 void PanelWindow::MakeSideSheet() {
   for (const auto& control : panel_.Controls()) {
     const int id = control->GetDlgCtrlID();
-    if (explained_ == 0 && panel_.CanExplain(id)) explained_ = id;
+    // The sheet follows the selected row; a panel of single fields has none.
+    const bool isGrid = dynamic_cast<const CGridCtrl*>(control.get()) != nullptr;
+    if (explained_ == 0 && isGrid && panel_.CanExplain(id)) explained_ = id;
   }
   if (explained_ == 0) return;
   sheet_ = new SideSheet(this);
