@@ -79,6 +79,22 @@ class StandalonePanelsTest : public testing::Test {
   int worked = 0;
 };
 
+// Its fields can be explained, but there is no row for the sheet of computed steps to follow.
+TEST_F(StandalonePanelsTest, MaximumDayOffersNoSheet) {
+  desk.User([this](PanelWindow& window) {
+    ++worked;
+    EXPECT_TRUE(window.Panel().CanExplain(2005));
+    EXPECT_EQ(window.findChild<QAbstractButton*>(QStringLiteral("sheetButton")), nullptr);
+    WindowUser user(window);
+    user.Type(L"quota", "200");
+    user.Type(L"users", "100");
+    user.Click(L"1");
+    EXPECT_THAT(user.Shown({L"maxDayText"}), ElementsAre(L"22.000"));
+  });
+  RunCommand(L"ZWTGRGS");
+  EXPECT_EQ(worked, 1);
+}
+
 TEST_F(StandalonePanelsTest, HydrantJet) {
   User([](WindowUser& user) {
     user.Type(L"inputText", "5");
