@@ -100,10 +100,9 @@ TEST(SvgPicture, TextsAreTurnedSlantedAndStretched) {
 }
 
 TEST(SvgPicture, TextsHoldWhatXmlAllows) {
-  EXPECT_EQ(
-      TextElement("10 10|20 10|40 3.665|1 a&b<c> \"给水\" \\U+0007\\U+FFFF%%c"),
-      "<text transform=\"translate(12 92)\" font-size=\"5\" fill=\"#000000\">a&amp;b&lt;c&gt; \"给水\" "
-      " \xEF\xBF\xBD∅</text>\n");
+  EXPECT_EQ(TextElement("10 10|20 10|40 3.665|1 a&b<c> \"给水\" \\U+0007\\U+FFFF%%c"),
+            "<text transform=\"translate(12 92)\" font-size=\"5\" fill=\"#000000\">a&amp;b&lt;c&gt; \"给水\" "
+            " \xEF\xBF\xBD∅</text>\n");
 }
 
 TEST(SvgPicture, FarFromTheOriginNothingIsLost) {

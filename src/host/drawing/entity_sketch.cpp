@@ -200,7 +200,7 @@ void AlignText(EntityGroups& groups, std::int32_t levelCode, SketchText& text, d
 }
 
 void SketchLineOfText(EntityGroups& groups, std::int32_t levelCode, const SketchStyle& style,
-                 const DrawingData& drawing, Sketch& sketch) {
+                      const DrawingData& drawing, Sketch& sketch) {
   constexpr std::int64_t kBackward = 2;
   constexpr std::int64_t kUpsideDown = 4;
   constexpr double kSteepest = 1.5;  // radians: close to lying
