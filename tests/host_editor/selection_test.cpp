@@ -1,11 +1,16 @@
 #include "host/editor/selection.h"
 
 #include <memory>
+#include <optional>
+#include <stdexcept>
+#include <vector>
 
 #include <gmock/gmock.h>
 
 #include "host/drawing/drawing.h"
 #include "host/editor/front_end.h"
+#include "host/editor/pipe_selection.h"
+#include "host/editor/result_buffer.h"
 
 namespace {
 
@@ -139,6 +144,26 @@ TEST_F(Selection, WithoutAFrontEndEveryQuestionIsCancelled) {
   ZwtSelSet set;
   EXPECT_EQ(set.userSelect(L"?", nullptr, nullptr), Acad::eUserBreak);
   EXPECT_EQ(acedGetPoint(nullptr, nullptr, nullptr), RTCAN);
+  zwt::InstallFrontEnd(before);
+}
+
+/// A front end that gives a question up.
+class GivingUp : public zwt::EditorFrontEnd {
+ public:
+  std::optional<std::vector<AcDbObjectId>> SelectEntities(const CString&, const zwt::EntityFilter&,
+                                                          bool) override {
+    throw std::runtime_error("no such handle");
+  }
+  std::int32_t GetPoint(const CString&, AcGePoint3d&) override { return RTCAN; }
+};
+
+// A handle that no pipe has ends a headless selection by an exception; the filter used to leak then.
+TEST_F(Selection, AQuestionThatIsGivenUpComesThroughAndReleasesItsFilter) {
+  GivingUp user;
+  zwt::EditorFrontEnd* before = zwt::InstallFrontEnd(&user);
+  ZcDbObjectIdList picked;
+  EXPECT_THROW(zwt::SelectPipes({L"\n请选择管道: ", L"给水", L"入口立管"}, picked), std::runtime_error);
+  EXPECT_TRUE(picked.IsEmpty());
   zwt::InstallFrontEnd(before);
 }
 
