@@ -13,8 +13,9 @@ constexpr double kSide = kRows * kSpacing;
 inline void Fill(zwt::Drawing& drawing) {
   drawing.BeginStep();
   for (int i = 0; i < kRows * kRows; ++i) {
+    const int row = i / kRows;
     const double x = (i % kRows) * kSpacing;
-    const double y = (i / kRows) * kSpacing;
+    const double y = row * kSpacing;
     const bool upright = i % 2 == 0;
     drawing.AddPipe({x, y, 0}, {x + (upright ? 0 : kSpacing), y + (upright ? kSpacing : 0), 0},
                     {{L"WtSystem", L"给水"}, {L"ELS_TYPE", upright ? L"立管" : L"支管"}});

@@ -34,7 +34,7 @@ inline std::vector<double> Elements(const CMatrix& matrix) {
 /// Full pivoting, step by step as described, on numbers that are copied out of the matrices.
 inline bool PlainSolve(std::vector<double> m, std::vector<double> r, int n, std::vector<double>& x) {
   const auto at = [&](int row, int column) -> double& {
-    return m[static_cast<std::size_t>(row * n + column)];
+    return m[static_cast<std::size_t>(row) * static_cast<std::size_t>(n) + static_cast<std::size_t>(column)];
   };
   const auto right = [&](int row) -> double& { return r[static_cast<std::size_t>(row)]; };
   std::vector<int> p(static_cast<std::size_t>(n), 0);
