@@ -21,8 +21,6 @@ constexpr double kShownSize = 1600;
 
 /// Heights in parts of the font's size, as Chinese fonts have them.
 constexpr double kCapitalHeight = 0.733;
-/// Below the base line, in capital heights.
-constexpr double kDescent = 0.3;
 
 constexpr std::string_view kFonts =
     "'Noto Sans CJK SC','Source Han Sans SC','Microsoft YaHei','PingFang SC','SimHei','SimSun',sans-serif";
@@ -141,21 +139,6 @@ class SvgWriter {
       svg_ += "<path stroke=\"" + Color(mark.color) + "\" stroke-width=\"" + Number(size_ * kDotWidth) +
               "\" d=\"M" + Place(mark.position) + "h0\"/>\n";
     }
-  }
-
-  /// Where the base line is below the point by which the text is aligned, in capital heights.
-  static double BaselineBelow(TextLevel level) {
-    switch (level) {
-      case TextLevel::Bottom:
-        return -kDescent;
-      case TextLevel::Middle:
-        return 0.5;
-      case TextLevel::Top:
-        return 1;
-      case TextLevel::Baseline:
-        break;
-    }
-    return 0;
   }
 
   std::string Turned(const DisplayText& text) const {

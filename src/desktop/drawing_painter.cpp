@@ -29,8 +29,6 @@ constexpr double kLowestText = 2.5;
 constexpr int kBarOpacity = 110;
 /// Texts are set at one size, pixels, and scaled: one set of glyphs serves all of a drawing.
 constexpr int kFontSize = 64;
-/// Below the base line, in capital heights.
-constexpr double kDescent = 0.3;
 
 /// Lines of one colour, drawn in one go.
 class LineBatch {
@@ -276,21 +274,6 @@ class DrawingPainter {
     painter_.setPen(ColorOf(text.color));
     painter_.drawText(
         QPointF(-width * static_cast<double>(text.side) / 2, BaselineBelow(text.level) * capital), shown);
-  }
-
-  /// Where the base line is below the point by which the text is aligned, in capital heights.
-  static double BaselineBelow(TextLevel level) {
-    switch (level) {
-      case TextLevel::Bottom:
-        return -kDescent;
-      case TextLevel::Middle:
-        return 0.5;
-      case TextLevel::Top:
-        return 1;
-      case TextLevel::Baseline:
-        break;
-    }
-    return 0;
   }
 
   QPainter& painter_;

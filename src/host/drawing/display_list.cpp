@@ -47,6 +47,20 @@ PlaneBox BoxOf(std::span<const PlanePoint> path) {
   return box;
 }
 
+double BaselineBelow(TextLevel level) {
+  switch (level) {
+    case TextLevel::Bottom:
+      return -kDescent;
+    case TextLevel::Middle:
+      return 0.5;
+    case TextLevel::Top:
+      return 1;
+    case TextLevel::Baseline:
+      break;
+  }
+  return 0;
+}
+
 double EstimatedWidth(std::wstring_view text) {
   const auto wide = std::count_if(text.begin(), text.end(), [](wchar_t letter) { return letter >= 0x2E80; });
   return static_cast<double>(wide) * kIdeographWidth +
@@ -58,10 +72,7 @@ PlaneBox BoxOf(const DisplayText& text) {
   const double width = text.fitWidth > 0 ? text.fitWidth : natural;
   const double left = -width * static_cast<double>(text.side) / 2;
   const double direction = text.widthFactor < 0 ? -1 : 1;
-  double bottom = -kDescent;
-  if (text.level == TextLevel::Bottom) bottom = 0;
-  if (text.level == TextLevel::Middle) bottom = -kDescent - 0.5;
-  if (text.level == TextLevel::Top) bottom = -kDescent - 1;
+  const double bottom = -kDescent - BaselineBelow(text.level);
   const double c = std::cos(text.angle);
   const double s = std::sin(text.angle);
   PlaneBox box;

@@ -114,6 +114,9 @@ PlaneBox BoxOf(std::span<const PlanePoint> path);
 /// Box around a text, by an estimate of its width: a font is not at hand here.
 PlaneBox BoxOf(const DisplayText& text);
 
+/// Where the base line of a text is below the point by which it is aligned, in capital heights.
+double BaselineBelow(TextLevel level);
+
 /// Width of a text in capital heights, estimated: ideographs are about square, letters narrower.
 double EstimatedWidth(std::wstring_view text);
 
