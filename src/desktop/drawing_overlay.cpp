@@ -151,7 +151,7 @@ class OverlayPainting {
     for (const bool first : {true, false}) {
       for (const OverlayPoint& point : overlay_.points) {
         const bool isFirst = point.marked || lit == TableRow{overlay_.pointTable, point.row};
-        if (isFirst == first) Label(view_.ToPixel(Flat(point.place)) + QPointF(9, 5), point.label);
+        if (isFirst == first) PointLabel(point);
       }
       for (const OverlaySection& section : overlay_.sections) {
         const bool isFirst = lit == TableRow{overlay_.sectionTable, section.row};
@@ -184,6 +184,13 @@ class OverlayPainting {
   }
 
  private:
+  /// To the left of the point and below it: its number in the drawing stands to the right, mains lie level.
+  void PointLabel(const OverlayPoint& point) {
+    const QFontMetricsF metrics(painter_.font(), painter_.device());
+    const QPointF aside(-8 - metrics.horizontalAdvance(ToQt(point.label)), 3 + metrics.ascent());
+    Label(view_.ToPixel(Flat(point.place)) + aside, point.label);
+  }
+
   void SectionLabel(const OverlaySection& section, bool isLit) {
     if (section.course.size() < 2) return;
     const QPolygonF line = OnScreen(section.course, view_);
@@ -195,6 +202,7 @@ class OverlayPainting {
     if (text.empty()) return;
     const QFontMetricsF metrics(painter_.font(), painter_.device());
     const QRectF box = metrics.boundingRect(ToQt(text)).translated(place);
+    if (!box.intersects(QRectF(QPointF(0, 0), view_.Size()))) return;
     const bool covers = std::any_of(labels_.begin(), labels_.end(),
                                     [&box](const QRectF& other) { return other.intersects(box); });
     if (covers) return;

@@ -165,6 +165,7 @@ QDockWidget* MainWindow::AddSideDock(const QString& title, const char* name, QWi
 
 void MainWindow::FollowDocument() {
   document_.onReplaced = [this] {
+    ClearOverlay();
     scene_.Forget();
     edits_.Reset();
     FollowDrawing();
@@ -177,7 +178,6 @@ void MainWindow::FollowDocument() {
   document_.onRefused = [this](const CString& message) { pane_->Print(L"\n" + message); };
   document_.onFileTouched = [this] { CatchUpWithFile(); };
   files_.onOpened = [this] {
-    ClearOverlay();
     scene_.Reset();
     FollowDrawing();
     area_->ZoomToExtents();

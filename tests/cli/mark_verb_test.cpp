@@ -10,7 +10,7 @@
 namespace zwt::test {
 namespace {
 
-/// A riser of two lines with a stub on layer 给水管, a line on layer DIM and a text.
+/// A riser of two lines with a short branch on layer 给水管, a line on layer DIM and a text.
 class MarkVerb : public testing::Test {
  protected:
   MarkVerb() {

@@ -75,6 +75,14 @@ TEST_F(ResultsInDrawingTest, ResultsStayUntilTheNextCommand) {
   EXPECT_EQ(CurrentOverlay(), nullptr);
 }
 
+TEST_F(ResultsInDrawingTest, AnotherDrawingTakesTheResultsAway) {
+  InSupplyPanel([&](PanelWindow& panel) { ClickOn(panel, kCalculate); });
+  ASSERT_NE(CurrentOverlay(), nullptr);
+  desk.Answer("不保存");
+  desk.Window().Files().New();
+  EXPECT_EQ(CurrentOverlay(), nullptr);
+}
+
 TEST_F(ResultsInDrawingTest, TheSheetTellsHowTheSelectedRowWasComputed) {
   InSupplyPanel([&](PanelWindow& panel) {
     SideSheet* sheet = panel.Sheet();

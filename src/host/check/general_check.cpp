@@ -215,7 +215,7 @@ class GeometryCheck {
     for (const std::int32_t other : connections_.PipesAt(end.point, kMostGap + kTouchRounding)) {
       if (other == end.pipe || !MayBelongTogether(end.pipe, other)) continue;
       if (!connected) connected = connections_.ConnectedTo(end.pipe);
-      // The free end of a stub on that very pipe.
+      // The free end of a short branch from that very pipe.
       if (std::binary_search(connected->begin(), connected->end(), other)) continue;
       const double distance = DistanceTo(connections_.CurveOf(other), end.point);
       if (distance < nearest.distance) nearest = {other, distance};
